@@ -1,0 +1,76 @@
+#include "dialogs/digit_box.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QValidator>
+
+#include <algorithm>
+
+namespace vantrel {
+namespace {
+
+bool IsDigit(QChar character) { return character >= u'0' && character <= u'9'; }
+
+// Accepts every text after taking out what is no digit.
+class DigitFilter : public QValidator {
+ public:
+  using QValidator::QValidator;
+  State validate(QString& input, int& position) const override {
+    QString digits;
+    int digits_before = 0;
+    for (qsizetype i = 0; i < input.size(); ++i) {
+      if (!IsDigit(input[i])) continue;
+      digits += input[i];
+      if (i < position) ++digits_before;
+    }
+    input = digits;
+    position = digits_before;
+    return Acceptable;
+  }
+};
+
+bool DeletesForward(QKeyEvent* event) {
+  static constexpr QKeySequence::StandardKey kKeys[] = {
+      QKeySequence::Delete, QKeySequence::Cut, QKeySequence::DeleteEndOfWord,
+      QKeySequence::DeleteEndOfLine, QKeySequence::DeleteCompleteLine};
+  return event->key() == Qt::Key_Delete ||
+         std::any_of(std::begin(kKeys), std::end(kKeys),
+                     [event](auto key) { return event->matches(key); });
+}
+
+}  // namespace
+
+DigitBox::DigitBox(const QString& name, const QString& text, Deleting deleting, QWidget* parent)
+    : QLineEdit(text, parent), deleting_(deleting) {
+  setObjectName(name);
+  setValidator(new DigitFilter(this));
+}
+
+void DigitBox::keyPressEvent(QKeyEvent* event) {
+  event->accept();
+  switch (event->key()) {
+    case Qt::Key_Backspace:
+    case Qt::Key_Enter:
+    case Qt::Key_Return:
+    case Qt::Key_Escape:
+      return;
+    default:
+      break;
+  }
+  if (DeletesForward(event)) {
+    if (deleting_ == Deleting::kAllowed) QLineEdit::keyPressEvent(event);
+    return;
+  }
+  const QString text = event->text();
+  const bool types = !text.isEmpty() && text[0].isPrint();
+  if (types && !std::all_of(text.begin(), text.end(), IsDigit)) return;
+  QLineEdit::keyPressEvent(event);
+}
+
+void DigitBox::mouseReleaseEvent(QMouseEvent* event) {
+  QLineEdit::mouseReleaseEvent(event);
+  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+    emit Click();
+}
+
+}  // namespace vantrel

@@ -1,0 +1,67 @@
+#include "dialogs/window_dialogs.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+
+namespace vantrel {
+
+Answer WindowDialogs::MsgBox(const std::string& prompt, Buttons buttons, const std::string& title,
+                             Icon icon) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setWindowTitle(QString::fromStdString(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(QString::fromStdString(prompt));
+  if (icon == Icon::kExclamation) box.setIcon(QMessageBox::Warning);
+  if (icon == Icon::kCritical) box.setIcon(QMessageBox::Critical);
+  switch (buttons) {
+    case Buttons::kOk:
+      box.setStandardButtons(QMessageBox::Ok);
+      box.setDefaultButton(QMessageBox::Ok);
+      box.setEscapeButton(QMessageBox::Ok);
+      break;
+    case Buttons::kYesNo:
+      box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+      box.setDefaultButton(QMessageBox::Yes);
+      box.setEscapeButton(QMessageBox::No);
+      break;
+    case Buttons::kYesNoCancel:
+      box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+      box.setDefaultButton(QMessageBox::Yes);
+      box.setEscapeButton(QMessageBox::Cancel);
+      break;
+  }
+  switch (box.exec()) {
+    case QMessageBox::Yes:
+      return Answer::kYes;
+    case QMessageBox::No:
+      return Answer::kNo;
+    case QMessageBox::Cancel:
+      return Answer::kCancel;
+    default:
+      return Answer::kOk;
+  }
+}
+
+std::string WindowDialogs::InputBox(const std::string& prompt, const std::string& title,
+                                    const std::string& default_text) {
+  QInputDialog box(QApplication::activeWindow());
+  box.setInputMode(QInputDialog::TextInput);
+  box.setWindowTitle(QString::fromStdString(title));
+  // The label is made with the text box as its buddy and would take "&" for a mnemonic. It is made
+  // here, while it is still empty, and loses its buddy before it gets the prompt.
+  box.setTextValue(QString::fromStdString(default_text));
+  box.setOption(QInputDialog::UsePlainTextEditForTextInput, false);
+  box.ensurePolished();
+  box.setVisible(false);
+  for (auto* label : box.findChildren<QLabel*>()) {
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(nullptr);
+  }
+  box.setLabelText(QString::fromStdString(prompt));
+  if (box.exec() != QDialog::Accepted) return {};
+  return box.textValue().toStdString();
+}
+
+}  // namespace vantrel

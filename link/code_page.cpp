@@ -1,0 +1,113 @@
+#include "link/code_page.h"
+
+#include <iconv.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <stdexcept>
+
+namespace vantrel {
+namespace {
+
+class Converter {
+ public:
+  Converter(const std::string& to, const std::string& from)
+      : handle_(iconv_open(to.c_str(), from.c_str())) {
+    // iconv_open's failure value is the handle -1.
+    if (handle_ == reinterpret_cast<iconv_t>(-1))
+      throw std::runtime_error("The system cannot convert text from " + from + " to " + to + ".");
+  }
+  ~Converter() { iconv_close(handle_); }
+  Converter(const Converter&) = delete;
+  Converter& operator=(const Converter&) = delete;
+
+  // Appends what `input` converts to; returns how many bytes of it were taken before the first that
+  // cannot be.
+  std::size_t Convert(std::string_view input, std::string& output) {
+    char* from = const_cast<char*>(input.data());
+    std::size_t left = input.size();
+    while (left > 0) {
+      char buffer[256];
+      char* to = buffer;
+      std::size_t room = sizeof buffer;
+      const std::size_t result = iconv(handle_, &from, &left, &to, &room);
+      output.append(buffer, sizeof buffer - room);
+      if (result == static_cast<std::size_t>(-1) && errno != E2BIG) break;
+    }
+    iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+    return input.size() - left;
+  }
+
+ private:
+  iconv_t handle_;
+};
+
+std::string NameOf(CodePage page) { return "CP" + std::to_string(static_cast<int>(page)); }
+
+// The length in bytes of the UTF-8 character at the start of `text`; 1 for a byte that starts none.
+std::size_t CharacterLength(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text[0]);
+  std::size_t length = 1;
+  if (lead >= 0xC2 && lead < 0xE0) length = 2;
+  if (lead >= 0xE0 && lead < 0xF0) length = 3;
+  if (lead >= 0xF0 && lead < 0xF5) length = 4;
+  if (length > text.size()) return 1;
+  for (std::size_t i = 1; i < length; ++i)
+    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 1;
+  return length;
+}
+
+bool StartsWith(std::string_view text, std::string_view start) { return text.starts_with(start); }
+
+}  // namespace
+
+CodePage CodePageOfLocale(std::string_view locale_name) {
+  if (StartsWith(locale_name, "ja")) return CodePage::kJapanese;
+  if (StartsWith(locale_name, "ko")) {
+    // "kok" (Konkani) is another language.
+    return StartsWith(locale_name, "kok") ? CodePage::kWestern : CodePage::kKorean;
+  }
+  if (StartsWith(locale_name, "zh")) {
+    for (const std::string_view place : {"TW", "HK", "MO", "Hant"})
+      if (locale_name.find(place) != std::string_view::npos) return CodePage::kTraditionalChinese;
+    return CodePage::kSimplifiedChinese;
+  }
+  return CodePage::kWestern;
+}
+
+CodePage SystemCodePage() {
+  for (const char* category : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+    const char* value = std::getenv(category);
+    if (value != nullptr && *value != '\0') return CodePageOfLocale(value);
+  }
+  return CodePage::kWestern;
+}
+
+std::string EncodeText(std::string_view utf8, CodePage page) {
+  Converter converter(NameOf(page), "UTF-8");
+  std::string bytes;
+  while (!utf8.empty()) {
+    utf8.remove_prefix(converter.Convert(utf8, bytes));
+    if (utf8.empty()) break;
+    bytes += '?';
+    utf8.remove_prefix(CharacterLength(utf8));
+  }
+  return bytes;
+}
+
+std::string DecodeBytes(std::string_view bytes, CodePage page) {
+  Converter converter("UTF-8", NameOf(page));
+  std::string utf8;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const auto code = static_cast<unsigned char>(bytes[i]);
+    if (code < 0x80) {
+      utf8 += bytes[i];
+    } else if (converter.Convert(bytes.substr(i, 1), utf8) == 0) {
+      utf8 += static_cast<char>(0xC0 | (code >> 6));
+      utf8 += static_cast<char>(0x80 | (code & 0x3F));
+    }
+  }
+  return utf8;
+}
+
+}  // namespace vantrel

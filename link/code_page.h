@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vantrel {
+
+// The code page in which text travels over the line, by its number.
+enum class CodePage {
+  kJapanese = 932,
+  kSimplifiedChinese = 936,
+  kKorean = 949,
+  kTraditionalChinese = 950,
+  kWestern = 1252,
+};
+
+// The code page of a locale name such as "ja_JP.UTF-8" or "zh_TW": Japanese, simplified and
+// traditional Chinese and Korean have their own, every other name (also "C" and an empty one) the
+// Western one.
+CodePage CodePageOfLocale(std::string_view locale_name);
+
+// The code page of the system's language, read from the locale categories as POSIX ranks them:
+// LC_ALL, LC_CTYPE, LANG.
+CodePage SystemCodePage();
+
+// Converts UTF-8 text to the bytes of a code page. A character that the page lacks, and a byte that
+// is not UTF-8, becomes one "?". Never throws for bad text; throws std::runtime_error where the
+// system lacks the code page.
+std::string EncodeText(std::string_view utf8, CodePage page);
+
+// Converts bytes to UTF-8, one character a byte: the code page's character where that single byte
+// is one, else the character U+0000 to U+00FF of the byte's value. Throws std::runtime_error where
+// the system lacks the code page.
+std::string DecodeBytes(std::string_view bytes, CodePage page);
+
+}  // namespace vantrel

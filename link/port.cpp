@@ -1,0 +1,58 @@
+#include "link/port.h"
+
+namespace vantrel {
+namespace {
+
+std::string Message(const std::string& device, const std::string& what,
+                    const std::string& system_words, const std::string& advice) {
+  std::string text = device + " " + what;
+  if (!system_words.empty()) text += ": " + system_words;
+  return text + "\r\n\r\n" + advice;
+}
+
+constexpr const char* kChooseAgain =
+    "choose the port in \"Setting\" - \"Port\" and then a speed in \"Setting\" - \"Baud Rate\" "
+    "to open it.";
+
+}  // namespace
+
+PortError CannotOpen(const std::string& device, OpenFailure reason, const std::string& system_words,
+                     const std::string& group) {
+  std::string advice;
+  switch (reason) {
+    case OpenFailure::kNotFound:
+      advice = "There is no such device. Connect the printer, then ";
+      break;
+    case OpenFailure::kNoPermission:
+      advice = group.empty()
+                   ? "You may not use this device. Ask your administrator for access, then "
+                   : "You may not use this device. Join the group \"" + group +
+                         "\" (as an administrator: usermod -aG " + group +
+                         " YOUR-NAME), log in again, then ";
+      break;
+    case OpenFailure::kInUse:
+      advice = "Another program is using this device. End that program, then ";
+      break;
+    case OpenFailure::kOther:
+      advice = "Check that a serial port is there and that the printer is connected, then ";
+      break;
+  }
+  return PortError(Message(device, "cannot be opened", system_words, advice + kChooseAgain));
+}
+
+PortError NotOpen(const std::string& device) {
+  return PortError(Message(device, "is not open, so nothing was sent", "",
+                           "Choose a speed in \"Setting\" - \"Baud Rate\" to open it."));
+}
+
+PortError WriteFailed(const std::string& device, const std::string& system_words) {
+  return PortError(Message(device, "could not be written to", system_words,
+                           std::string("Check the cable and the printer, then ") + kChooseAgain));
+}
+
+PortError DeviceGone(const std::string& device, const std::string& system_words) {
+  return PortError(Message(device, "is gone", system_words,
+                           std::string("Connect the printer again, then ") + kChooseAgain));
+}
+
+}  // namespace vantrel

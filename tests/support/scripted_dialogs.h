@@ -1,0 +1,57 @@
+#pragma once
+
+#include "dialogs/dialogs.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+// Dialogs that answer from a script. A question that the script does not expect fails the test at
+// once and ends the case's work by an exception; so does an answer that nobody asked for, when the
+// script goes out of scope.
+class ScriptedDialogs : public Dialogs {
+ public:
+  struct Shown {
+    std::string prompt;
+    std::string title;
+    Buttons buttons = Buttons::kOk;
+    Icon icon = Icon::kNone;
+    bool is_input = false;
+    std::string default_text;
+  };
+
+  ~ScriptedDialogs() override;
+
+  // Adds the answer to the next message box or input box. `meanwhile` runs while the box is shown.
+  void Answers(Answer answer, std::function<void()> meanwhile = {});
+  void Types(std::string text, std::function<void()> meanwhile = {});
+  // The user presses Cancel in an input box.
+  void CancelsInput() { Types(""); }
+
+  // Every box shown so far, first to last.
+  const std::vector<Shown>& All() const { return shown_; }
+  // The last box shown; fails the test when there was none.
+  const Shown& Last() const;
+
+  Answer MsgBox(const std::string& prompt, Buttons buttons, const std::string& title,
+                Icon icon = Icon::kNone) override;
+  std::string InputBox(const std::string& prompt, const std::string& title,
+                       const std::string& default_text = "") override;
+
+ private:
+  struct Step {
+    bool is_input;
+    Answer answer;
+    std::string text;
+    std::function<void()> meanwhile;
+  };
+  Step Next(bool is_input, const Shown& shown);
+
+  std::deque<Step> script_;
+  std::vector<Shown> shown_;
+};
+
+}  // namespace vantrel
