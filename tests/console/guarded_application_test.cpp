@@ -1,14 +1,14 @@
 #include "console/guarded_application.h"
 
-#include <gtest/gtest.h>
-
-#include <QMetaObject>
-#include <stdexcept>
-
 #include "link/port.h"
 #include "link/transaction.h"
 #include "tests/support/current_dialogs.h"
 #include "tests/support/scripted_dialogs.h"
+
+#include <QMetaObject>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
 
 namespace vantrel {
 namespace {
@@ -25,7 +25,8 @@ class GuardedApplicationTest : public testing::Test {
   template <typename Exception>
   void Deliver(Exception exception) {
     QObject receiver;
-    QMetaObject::invokeMethod(&receiver, [exception] { throw exception; }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &receiver, [exception] { throw exception; }, Qt::QueuedConnection);
     QCoreApplication::processEvents();
   }
 
