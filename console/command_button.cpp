@@ -22,7 +22,7 @@ QString TextOf(std::string_view text) {
 
 }  // namespace
 
-CommandButton::CommandButton(const Command& command, QWidget* parent)
+CommandButton::CommandButton(const ConsoleCommand& command, QWidget* parent)
     : QPushButton(TextOf(command.caption), parent),
       code_length_(static_cast<int>(command.code.size())) {
   setObjectName(TextOf(command.button));
