@@ -30,6 +30,10 @@ int main(int argc, char** argv) {
                  "pictures of the windows to FOLDER.\n";
     return argc == 2 ? EXIT_SUCCESS : EXIT_FAILURE;
   }
+  // The off-screen platform says this at every window.
+  qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+    if (!message.contains("propagateSizeHints")) std::cerr << message.toStdString() << "\n";
+  });
   TellingDialogs dialogs;
   vantrel::GuardedApplication application(argc, argv, dialogs,
                                           [](int status) { std::_Exit(status); });
