@@ -345,10 +345,20 @@ void DotGrid::ShowCursor(bool shown) {
 }
 
 void DotGrid::focusInEvent(QFocusEvent* event) {
-  ShowCursor(event->reason() != Qt::MouseFocusReason);
+  switch (event->reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+      // The focus comes back to where it was, and looks as it did.
+      if (cursor_shown_) update(RectOf(cursor_));
+      return;
+    default:
+      ShowCursor(event->reason() != Qt::MouseFocusReason);
+  }
 }
 
-void DotGrid::focusOutEvent(QFocusEvent*) { ShowCursor(false); }
+void DotGrid::focusOutEvent(QFocusEvent*) {
+  if (cursor_shown_) update(RectOf(cursor_));
+}
 
 void DotGrid::TellScreenReader(const Target& target) const {
   if (!QAccessible::isActive()) return;

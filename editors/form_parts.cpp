@@ -37,6 +37,8 @@ PanelBar* AddBodyAndStatusBar(QWidget* form, QLayout* body) {
   body->setContentsMargins(margins);
   layout->addLayout(body, 1);
   layout->addWidget(status_bar);
+  // The hints are in panel 1 and need the whole width.
+  status_bar->findChild<QLabel*>("StatusBarExImage_2")->hide();
   return status_bar;
 }
 

@@ -65,8 +65,8 @@ QWidget* FrmExternalFont::MakeFontChoice() {
 QWidget* FrmExternalFont::MakeMatrix() {
   matrix_ = new QGroupBox;
   matrix_->setObjectName("FraFontMatrix");
-  grid_ = new DotGrid("LblDot", editor_, 2);
-  auto* layout = MakeMatrixLayout(matrix_, "Origin(0,0)", grid_);
+  grid_ = std::make_unique<DotGrid>("LblDot", editor_, 2);
+  auto* layout = MakeMatrixLayout(matrix_, "Origin(0,0)", grid_.get());
   const char* const captions[] = {"Fill All", "Clear All"};
   for (int i = 0; i < 2; ++i) {
     auto* button = MakeButton(QString("CmdAll_%1").arg(i), captions[i]);

@@ -6,6 +6,8 @@
 #include "editors/dot_grid.h"
 #include "editors/font_editor.h"
 
+#include <memory>
+
 class QComboBox;
 class QGroupBox;
 
@@ -33,7 +35,8 @@ class FrmExternalFont : public SubForm {
   FontEditor editor_;
   QComboBox* image_no_;
   QGroupBox* matrix_;
-  DotGrid* grid_;
+  // Owned, and after the editor: the grid must not outlive it.
+  std::unique_ptr<DotGrid> grid_;
   PanelBar* status_bar_;
 };
 

@@ -33,8 +33,8 @@ FrmExternalImage::FrmExternalImage(CommonVariables& common, Dialogs& dialogs, QW
   body->addWidget(MakeMatrix());
   status_bar_ = AddBodyAndStatusBar(this, body);
   // From the boxes to what comes next in either step.
-  setTabOrder(set_, grid_);
-  setTabOrder(grid_, clear_);
+  setTabOrder(set_, grid_.get());
+  setTabOrder(grid_.get(), clear_);
   setTabOrder(clear_, next_);
   ShowEditor();
 }
@@ -66,8 +66,8 @@ QWidget* FrmExternalImage::MakeMatrix() {
   matrix_ = new QGroupBox;
   matrix_->setObjectName("FraDotMatrix");
   RetainSize(matrix_);
-  grid_ = new DotGrid("Lbldot", editor_, 1);
-  auto* layout = MakeMatrixLayout(matrix_, "Origin (0,0)", grid_);
+  grid_ = std::make_unique<DotGrid>("Lbldot", editor_, 1);
+  auto* layout = MakeMatrixLayout(matrix_, "Origin (0,0)", grid_.get());
   clear_ = MakeButton("CmdClear", "Clear All");
   connect(clear_, &QPushButton::clicked, this, &FrmExternalImage::CmdClear_Click);
   layout->addWidget(clear_);

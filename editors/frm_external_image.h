@@ -7,6 +7,8 @@
 #include "editors/dot_grid.h"
 #include "editors/image_editor.h"
 
+#include <memory>
+
 class QGroupBox;
 class QPushButton;
 
@@ -38,7 +40,8 @@ class FrmExternalImage : public SubForm {
   DigitBox* y_coordinate_;
   QPushButton* set_;
   QGroupBox* matrix_;
-  DotGrid* grid_;
+  // Owned, and after the editor: the grid must not outlive it.
+  std::unique_ptr<DotGrid> grid_;
   QPushButton* clear_;
   QPushButton* next_;
   PanelBar* status_bar_;
