@@ -77,6 +77,8 @@ QWidget* FrmExternalImage::MakeMatrix() {
 void FrmExternalImage::Form_Activate() {
   editor_.Form_Activate();
   ShowEditor();
+  // What is typed first replaces the text, which Backspace can't remove.
+  x_coordinate_->selectAll();
 }
 
 void FrmExternalImage::TxtCoordinate_Click() {
@@ -92,6 +94,7 @@ void FrmExternalImage::CmdSet_Click() {
     DigitBox* box = invalid->is_x ? x_coordinate_ : y_coordinate_;
     box->setText("0");
     box->setFocus();
+    box->selectAll();
     return;
   }
   ShowEditor();

@@ -25,7 +25,7 @@ ImageEditor::ImageEditor(CommonVariables& common)
     : DotEditor(kLines, kDots, SizeText(kLines, kDots)), common_(common) {}
 
 void ImageEditor::Form_Activate() {
-  common_.DataString = "0";
+  common_.DataString = std::string("0");
   const bool block = common_.IsBlockMode;
   last_byte_index_ = 4;
   last_line_index_ = block ? kLines - 1 : 0;

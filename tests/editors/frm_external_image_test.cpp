@@ -107,6 +107,17 @@ TEST_F(FrmExternalImageTest, YOutOfRangeIsReportedSetToZeroAndFocused) {
   ExpectStep(false);
 }
 
+TEST_F(FrmExternalImageTest, TypingReplacesTheZeroOfAFreshOrRefusedBox) {
+  Open(true);
+  EXPECT_TRUE(Box("TxtXCoordinate").hasFocus());
+  QTest::keyClicks(&Box("TxtXCoordinate"), "480");
+  EXPECT_EQ(Box("TxtXCoordinate").text(), "480");
+  dialogs_.Answers(Answer::kOk);
+  ClickControl(*form_, "CmdSet");
+  QTest::keyClicks(&Box("TxtXCoordinate"), "12");
+  EXPECT_EQ(Box("TxtXCoordinate").text(), "12");
+}
+
 TEST_F(FrmExternalImageTest, LineWithItsTopAndBottomDotClicked) {
   Open(false);
   Set("100", "0");
