@@ -33,6 +33,23 @@ QImage ImageFor(const DotGrid& grid) {
   return QImage(grid.size(), QImage::Format_ARGB32_Premultiplied);
 }
 
+// The image editor in block mode, ready to draw on the whole grid.
+class BlockImage {
+ public:
+  BlockImage() {
+    common_.IsBlockMode = true;
+    form_.show();
+    Press(form_, "CmdSet");
+  }
+  DotGrid& Grid() { return *form_.findChild<DotGrid*>("Lbldot"); }
+  QPixmap Picture() { return form_.grab(); }
+
+ private:
+  CommonVariables common_;
+  NoDialogs dialogs_;
+  FrmExternalImage form_{common_, dialogs_};
+};
+
 void FillAllOfTheFontEditor(benchmark::State& state) {
   CommonVariables common;
   common.IsDoubleByteFont = true;
@@ -51,13 +68,8 @@ void FillAllOfTheFontEditor(benchmark::State& state) {
 }
 
 void RowOfTheImageEditor(benchmark::State& state) {
-  CommonVariables common;
-  common.IsBlockMode = true;
-  NoDialogs dialogs;
-  FrmExternalImage form(common, dialogs);
-  form.show();
-  Press(form, "CmdSet");
-  auto& grid = *form.findChild<DotGrid*>("Lbldot");
+  BlockImage image_editor;
+  DotGrid& grid = image_editor.Grid();
   QImage image = ImageFor(grid);
   const DotGrid::Target row{DotGrid::Target::Kind::kRowSelector, 20};
   for (auto _ : state) {
@@ -70,30 +82,19 @@ void RowOfTheImageEditor(benchmark::State& state) {
 }
 
 void OneDotOfTheImageEditor(benchmark::State& state) {
-  CommonVariables common;
-  common.IsBlockMode = true;
-  NoDialogs dialogs;
-  FrmExternalImage form(common, dialogs);
-  form.show();
-  Press(form, "CmdSet");
-  auto& grid = *form.findChild<DotGrid*>("Lbldot");
+  BlockImage image_editor;
+  DotGrid& grid = image_editor.Grid();
   for (auto _ : state) {
     grid.Click({DotGrid::Target::Kind::kDot, 820});
     QApplication::processEvents();  // repaints the dot
   }
 }
 
-// From nothing to the first picture of the form, and of the grid after "Set".
+// From nothing to the first picture of the form with its grid.
 void OpeningTheImageEditor(benchmark::State& state) {
-  CommonVariables common;
-  common.IsBlockMode = true;
-  NoDialogs dialogs;
   for (auto _ : state) {
-    FrmExternalImage form(common, dialogs);
-    form.show();
-    benchmark::DoNotOptimize(form.grab());
-    Press(form, "CmdSet");
-    benchmark::DoNotOptimize(form.grab());
+    BlockImage image_editor;
+    benchmark::DoNotOptimize(image_editor.Picture());
   }
 }
 
