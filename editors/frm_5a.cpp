@@ -1,5 +1,6 @@
 #include "editors/frm_5a.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
@@ -11,6 +12,20 @@ namespace {
 QString Text(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
+
+// Arrow keys select the option they reach in a group with no selection as well, as in any other.
+class OptionButton : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    QRadioButton::keyPressEvent(event);
+    auto* reached = qobject_cast<QRadioButton*>(QApplication::focusWidget());
+    if (reached && reached != this && reached->parent() == parent() && !reached->isChecked())
+      reached->click();
+  }
+};
 
 }  // namespace
 
@@ -37,7 +52,7 @@ QWidget* Frm5A::MakeGroup(Control control) {
   auto* layout = new QVBoxLayout(frame);
   auto& options = options_[static_cast<std::size_t>(control)];
   for (int i = 0; i < static_cast<int>(group.options.size()); ++i) {
-    auto* option = new QRadioButton(Text(group.options[static_cast<std::size_t>(i)].caption));
+    auto* option = new OptionButton(Text(group.options[static_cast<std::size_t>(i)].caption));
     option->setObjectName(QString("%1_%2").arg(Text(group.option_name)).arg(i));
     option->setChecked(i == group.initial_index);
     connect(option, &QRadioButton::clicked, this, [this, control, i] { Choose(control, i); });

@@ -97,13 +97,27 @@ TEST_F(Frm5ATest, FlashingRedWithOneCycleOfTheBuzzer) {
 TEST_F(Frm5ATest, AnArrowKeySelectsAsAClickDoes) {
   Exec([](Frm5A& form) {
     ShowActive(form);
-    auto& green = Find<QRadioButton>(form, "OptLEDColor_0");
-    green.setFocus();
-    QTest::keyClick(&green, Qt::Key_Down);
-    EXPECT_TRUE(Find<QRadioButton>(form, "OptLEDColor_1").isChecked());
+    // A group with a selection and one with none.
+    for (const QString group : {"OptLEDColor", "OptLED"}) {
+      auto& first = Find<QRadioButton>(form, group + "_0");
+      first.setFocus();
+      QTest::keyClick(&first, Qt::Key_Down);
+      EXPECT_TRUE(Find<QRadioButton>(form, group + "_1").isChecked());
+      EXPECT_FALSE(first.isChecked());
+    }
     ClickControl(form, "CmdNext");
   });
-  EXPECT_EQ(common_.ControlDataString, "203320");
+  EXPECT_EQ(common_.ControlDataString, "203330");
+}
+
+TEST_F(Frm5ATest, TheFocusAloneSelectsNothing) {
+  Exec([](Frm5A& form) {
+    ShowActive(form);
+    Find<QRadioButton>(form, "OptBuzzer_3").setFocus(Qt::TabFocusReason);
+    EXPECT_FALSE(Find<QRadioButton>(form, "OptBuzzer_3").isChecked());
+    ClickControl(form, "CmdNext");
+  });
+  EXPECT_EQ(common_.ControlDataString, "203120");
 }
 
 TEST_F(Frm5ATest, ChoicesAreNotKeptBetweenOpenings) {
