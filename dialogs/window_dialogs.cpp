@@ -5,7 +5,14 @@
 #include <QLabel>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace vantrel {
+namespace {
+
+constexpr int kInputBoxWidth = 380;  // pixels; room for a title and a line of data
+
+}  // namespace
 
 Answer WindowDialogs::MsgBox(const std::string& prompt, Buttons buttons, const std::string& title,
                              Icon icon) {
@@ -49,17 +56,17 @@ std::string WindowDialogs::InputBox(const std::string& prompt, const std::string
   QInputDialog box(QApplication::activeWindow());
   box.setInputMode(QInputDialog::TextInput);
   box.setWindowTitle(QString::fromStdString(title));
-  // The label is made with the text box as its buddy and would take "&" for a mnemonic. It is made
-  // here, while it is still empty, and loses its buddy before it gets the prompt.
+  // The label is made with the text box as its buddy and would take "&" for a mnemonic. Asking for
+  // the size makes it now, while it is still empty, and it loses its buddy before it gets the
+  // prompt.
   box.setTextValue(QString::fromStdString(default_text));
-  box.setOption(QInputDialog::UsePlainTextEditForTextInput, false);
-  box.ensurePolished();
-  box.setVisible(false);
+  static_cast<void>(box.sizeHint());
   for (auto* label : box.findChildren<QLabel*>()) {
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(nullptr);
   }
   box.setLabelText(QString::fromStdString(prompt));
+  box.resize(std::max(kInputBoxWidth, box.sizeHint().width()), box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return {};
   return box.textValue().toStdString();
 }

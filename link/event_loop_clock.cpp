@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
+#include <algorithm>
+
 namespace vantrel {
 
 EventLoopClock::EventLoopClock() {
@@ -27,8 +29,9 @@ void EventLoopClock::WaitForEvents() {
 }
 
 int EventLoopClock::Remaining(Timer timer) const {
-  const int remaining = (timer == Timer::TimeOut ? time_out_ : wait_timer_).remainingTime();
-  return remaining > 0 ? remaining : 0;
+  return std::max(0, TimerOf(timer).remainingTime());
 }
+
+int EventLoopClock::Interval(Timer timer) const { return TimerOf(timer).interval(); }
 
 }  // namespace vantrel

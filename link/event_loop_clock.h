@@ -20,9 +20,14 @@ class EventLoopClock : public Clock {
 
   // Milliseconds left until the timer ticks; 0 when it is not running.
   int Remaining(Timer timer) const;
+  // Milliseconds that the timer was last started with.
+  int Interval(Timer timer) const;
 
  private:
   QTimer& TimerOf(Timer timer) { return timer == Timer::TimeOut ? time_out_ : wait_timer_; }
+  const QTimer& TimerOf(Timer timer) const {
+    return timer == Timer::TimeOut ? time_out_ : wait_timer_;
+  }
 
   QTimer time_out_;
   QTimer wait_timer_;

@@ -45,6 +45,12 @@ PortError NotOpen(const std::string& device) {
                            "Choose a speed in \"Setting\" - \"Baud Rate\" to open it."));
 }
 
+PortError SettingsRefused(const std::string& device, const std::string& settings,
+                          const std::string& system_words) {
+  return PortError(Message(device, "does not take the settings " + settings, system_words,
+                           "Choose another speed in \"Setting\" - \"Baud Rate\"."));
+}
+
 PortError WriteFailed(const std::string& device, const std::string& system_words) {
   return PortError(Message(device, "could not be written to", system_words,
                            std::string("Check the cable and the printer, then ") + kChooseAgain));

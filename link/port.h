@@ -22,6 +22,8 @@ enum class OpenFailure { kNotFound, kNoPermission, kInUse, kOther };
 PortError CannotOpen(const std::string& device, OpenFailure reason, const std::string& system_words,
                      const std::string& group);
 PortError NotOpen(const std::string& device);
+PortError SettingsRefused(const std::string& device, const std::string& settings,
+                          const std::string& system_words);
 PortError WriteFailed(const std::string& device, const std::string& system_words);
 PortError DeviceGone(const std::string& device, const std::string& system_words);
 

@@ -1,0 +1,32 @@
+#include "app/console_program.h"
+
+#include "console/frm_vantrel.h"
+#include "console/system_time.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace vantrel {
+namespace {
+
+// Ends from inside any wait or box; nothing runs afterwards.
+void EndAtOnce(int status) { std::_Exit(status); }
+
+}  // namespace
+
+ConsoleProgram::ConsoleProgram(int& argc, char** argv)
+    : application_(argc, argv, dialogs_, EndAtOnce) {
+  QApplication::setApplicationName("vantrel");
+  QApplication::setApplicationVersion(VANTREL_VERSION);
+  QApplication::setDesktopFileName("vantrel");
+}
+
+int ConsoleProgram::Run(SerialPort::DeviceOf device_of) {
+  SerialPort port(std::move(device_of));
+  FrmVantrel form(port, dialogs_, SystemTimeOf(QLocale::system()), SystemCodePage(), EndAtOnce);
+  QObject::connect(&form, &FrmVantrel::Closed, &application_, [] { QApplication::exit(0); });
+  form.show();
+  return QApplication::exec();
+}
+
+}  // namespace vantrel

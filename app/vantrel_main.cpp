@@ -1,0 +1,6 @@
+#include "app/console_program.h"
+
+// The console. It has no options.
+int main(int argc, char** argv) {
+  return vantrel::ConsoleProgram(argc, argv).Run(vantrel::SystemDevice);
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+namespace vantrel {
+
+// A read-only text box of several lines whose text can be selected and copied.
+class DisplayBox : public QPlainTextEdit {
+  Q_OBJECT
+  Q_PROPERTY(QString text READ toPlainText WRITE setPlainText)
+
+ public:
+  // Is at least `lines` lines of text high; more can be scrolled to.
+  DisplayBox(const QString& name, const QString& accessible_name, int lines,
+             QWidget* parent = nullptr);
+
+  QSize sizeHint() const override;
+};
+
+}  // namespace vantrel

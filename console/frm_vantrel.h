@@ -1,0 +1,102 @@
+#pragma once
+
+#include "console/command_handlers.h"
+#include "console/sub_forms.h"
+#include "dialogs/dialogs.h"
+#include "link/common.h"
+#include "link/display.h"
+#include "link/event_loop_clock.h"
+#include "link/port.h"
+#include "link/transaction.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QActionGroup;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QProgressBar;
+
+namespace vantrel {
+
+class CommandButton;
+class DisplayBox;
+class PanelBar;
+
+// The console: one button a command, the last exchange, help, guidance, and the menu for the serial
+// port. Loading it opens the port; closing it closes the port.
+class FrmVantrel : public QMainWindow, private Display, private SubForms {
+  Q_OBJECT
+
+ public:
+  // Ends the program at once, with a status.
+  using EndProgram = std::function<void(int status)>;
+
+  // `port` and `dialogs` must outlive the form. A port that cannot be opened is reported when the
+  // window is up.
+  FrmVantrel(Port& port, Dialogs& dialogs, SystemTime system_time, CodePage page,
+             EndProgram end_program);
+  ~FrmVantrel() override;
+
+  // Whether a command is waiting for its reply.
+  bool IsWaiting() const { return transaction_.IsWaiting(); }
+
+ signals:
+  // The window was closed; the port is closed and every wait is about to end.
+  void Closed();
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void SetText(Field field, const std::string& text) override;
+  std::string Text(Field field) const override;
+  void EnableCommandButtons(bool enabled) override;
+
+  void HideConsole() override;
+  void ShowConsole() override;
+  void ShowFrmPrintBuffer() override;
+  void ShowFrm4E(const std::string& caption) override;
+  void ShowFrmExternalImage() override;
+  void ShowFrmExternalFont(const std::string& caption) override;
+  void ShowFrm5A() override;
+
+  void BuildMenus();
+  QWidget* BuildExchange();
+  QWidget* BuildButtons();
+  QAction* AddEntry(QMenu* menu, QActionGroup* group, const QString& name, const QString& caption);
+
+  void Form_Load();
+  void Mnu_COM_Click(int number);
+  void Mnu_bps_Click(const std::string& settings);
+  void Mnu_About_Click();
+  void CmdExit_Click();
+  void ShowProgress();
+
+  Port& port_;
+  Dialogs& dialogs_;
+  const EndProgram end_program_;
+  CommonVariables common_;
+  EventLoopClock clock_;
+  Transaction transaction_;
+  CommandHandlers handlers_;
+
+  std::vector<CommandButton*> buttons_;
+  CommandButton* focus_to_return_ = nullptr;
+  QLineEdit* txt_command_ = nullptr;
+  DisplayBox* txt_syntax_ = nullptr;
+  DisplayBox* txt_response_ = nullptr;
+  QLabel* lbl_hints_ = nullptr;
+  QProgressBar* progress_ = nullptr;
+  QTimer progress_timer_;
+  PanelBar* status_bar_ = nullptr;
+  std::string load_failure_;  // the message of a port that would not open at load
+};
+
+}  // namespace vantrel

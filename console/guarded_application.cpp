@@ -1,0 +1,45 @@
+#include "console/guarded_application.h"
+
+#include "link/port.h"
+#include "link/transaction.h"
+
+#include <exception>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace vantrel {
+
+GuardedApplication::GuardedApplication(int& argc, char** argv, Dialogs& dialogs,
+                                       EndProgram end_program)
+    : QApplication(argc, argv), dialogs_(dialogs), end_program_(std::move(end_program)) {
+  // A hidden console or a closed box is no reason to quit.
+  setQuitOnLastWindowClosed(false);
+}
+
+bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
+  // Boxes are shown after the exception is done with, because they run events of their own.
+  std::optional<std::string> port_failure;
+  std::string fault;
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const ExchangeEnded&) {
+    return true;
+  } catch (const PortError& error) {
+    port_failure = error.what();
+  } catch (const std::exception& error) {
+    fault = error.what();
+  } catch (...) {
+    fault = "Unknown error.";
+  }
+  if (port_failure) {
+    dialogs_.MsgBox(*port_failure, Buttons::kOk, "Serial Port Error", Icon::kCritical);
+    return true;
+  }
+  dialogs_.MsgBox(fault + "\r\n\r\nThis is a fault of the program. It will end now.", Buttons::kOk,
+                  "Program Error", Icon::kCritical);
+  end_program_(1);
+  return true;
+}
+
+}  // namespace vantrel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "link/port.h"
+
+#include <QObject>
+#include <QSerialPort>
+#include <QTimer>
+
+#include <functional>
+#include <string>
+
+namespace vantrel {
+
+// The device behind a port number: /dev/com1 or /dev/com2 where that exists, else /dev/ttyS0 or
+// /dev/ttyS1. A link is returned as it is, also when what it points to is missing.
+std::string SystemDevice(int port_number);
+
+// A serial port of the system, or a pseudo-terminal. Port 1 at "9600,N,8,1" and closed when made.
+class SerialPort : public QObject, public Port {
+  Q_OBJECT
+
+ public:
+  // Tells the path of a port number's device; asked at every Open.
+  using DeviceOf = std::function<std::string(int port_number)>;
+
+  explicit SerialPort(DeviceOf device_of = SystemDevice);
+  ~SerialPort() override;
+
+  void SetListener(PortListener* listener) override { listener_ = listener; }
+  void SetCommPort(int number) override;
+  void SetSettings(const std::string& settings) override;
+  bool IsOpen() const override { return port_.isOpen(); }
+  void Open() override;
+  void Close() override;
+  Bytes Input() override;
+  void DiscardInput() override;
+  void DiscardOutput() override;
+  void Output(const Bytes& bytes) override;
+
+ private:
+  // Asks the device itself whether it is still there; some versions of the library do not tell.
+  bool IsGone() const;
+  void CheckDevice();
+  std::string Name() const;
+
+  QSerialPort port_;
+  QTimer watch_;
+  DeviceOf device_of_;
+  PortListener* listener_ = nullptr;
+  int number_ = 1;
+  int speed_ = 9600;
+  bool check_pending_ = false;
+  std::string device_;  // the device that was opened last
+};
+
+}  // namespace vantrel
