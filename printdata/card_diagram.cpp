@@ -15,8 +15,8 @@ constexpr int kAxisOvershoot = 16;
 constexpr int kHead = 5;
 constexpr int kPointRadius = 5;
 // The card has the printable area's shape, 320 to 480 dots.
-constexpr int kShortSide = 164;
-constexpr int kLongSide = 246;
+constexpr int kShortSide = 152;
+constexpr int kLongSide = 228;
 
 void DrawArrow(QPainter& painter, QPoint from, QPoint to) {
   painter.drawLine(from, to);

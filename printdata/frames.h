@@ -3,6 +3,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QStatusBar>
 
 namespace vantrel {
 
@@ -25,6 +26,12 @@ inline QLabel* MakeLabel(const QString& name, const QString& text) {
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
   return label;
+}
+
+// Gives a bar the height that a text of two lines needs, so that it takes no room from the form
+// when one appears.
+inline void ReserveTwoLines(QStatusBar* bar) {
+  bar->setMinimumHeight(2 * bar->fontMetrics().lineSpacing() + 10);
 }
 
 }  // namespace vantrel

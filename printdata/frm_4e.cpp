@@ -68,6 +68,7 @@ Frm4E::Frm4E(CommonVariables& common, QWidget* parent)
   form->setContentsMargins(0, 0, 0, 0);
   form->setSpacing(0);
   form->addLayout(all, 1);
+  ReserveTwoLines(status_bar_);
   form->addWidget(status_bar_);
   Form_Load();
 }

@@ -143,6 +143,7 @@ void FrmPrintBuffer::MakeLayout(QGroupBox* card_direction, QGroupBox* coordinate
   form->setContentsMargins(0, 0, 0, 0);
   form->setSpacing(0);
   form->addLayout(all, 1);
+  ReserveTwoLines(status_bar_);
   form->addWidget(status_bar_);
 }
 
