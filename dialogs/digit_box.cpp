@@ -62,9 +62,8 @@ void DigitBox::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const QString text = event->text();
-  // Some systems give the letter of a shortcut such as Ctrl+V as its text.
-  const bool is_shortcut = event->modifiers() == Qt::ControlModifier ||
-                           event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier);
+  const bool is_shortcut =
+      (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
   const bool types = !is_shortcut && !text.isEmpty() && text[0].isPrint();
   if (types && !std::all_of(text.begin(), text.end(), IsDigit)) return;
   QLineEdit::keyPressEvent(event);

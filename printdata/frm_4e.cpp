@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -22,6 +23,8 @@ constexpr KeyArrangement kCodeSetArrangements[] = {{16, 0, 1}, {16, 1, 1}, {20, 
 constexpr KeyArrangement kOtherArrangement = {10, 2, 1};
 constexpr int kMostRows = 7;
 constexpr int kKeySpacing = 4;
+// Gives all columns of the pad the same width; with a large font the form may be shown narrower.
+constexpr int kPreferredWidth = 960;
 
 QComboBox* MakeCharacterBox(const QString& name) {
   auto* box = new QComboBox;
@@ -71,11 +74,15 @@ Frm4E::Frm4E(CommonVariables& common, QWidget* parent)
   ReserveTwoLines(status_bar_);
   form->addWidget(status_bar_);
   Form_Load();
+  layout()->activate();
+  const int screen_width = screen()->availableGeometry().width();
+  resize(std::min(kPreferredWidth, screen_width), sizeHint().height());
 }
 
 QGroupBox* Frm4E::MakeBarcodeType() {
   QGroupBox* frame = MakeFrame("FraBarcodeType", "Barcode Type");
   auto* layout = new QVBoxLayout(frame);
+  layout->setSpacing(4);
   for (int i = 0; i < kBarcodeTypeCount; ++i) {
     const auto index = static_cast<std::size_t>(i);
     auto* option = new QRadioButton(QString::fromStdString(BarcodeTypes()[index].caption));
@@ -241,8 +248,8 @@ void Frm4E::ShowPad() {
 }
 
 void Frm4E::ArrangeKeys(const KeyArrangement& arrangement) {
-  QFont key_font = font();
-  key_font.setPointSize(key_font.pointSize() + arrangement.points_larger);
+  const QFont key_font = KeyFont(arrangement);
+  const QFontMetrics metrics(key_font);
   const auto in_use = static_cast<int>(pad_.Captions().size());
   int row = 0;
   int column = 0;
@@ -251,8 +258,10 @@ void Frm4E::ArrangeKeys(const KeyArrangement& arrangement) {
     key_grid_->removeWidget(key);
     key->setVisible(i < in_use);
     if (i >= in_use) continue;
-    key->setText(QString::fromStdString(pad_.Captions()[static_cast<std::size_t>(i)]));
+    const QString caption = QString::fromStdString(pad_.Captions()[static_cast<std::size_t>(i)]);
+    key->setText(caption);
     key->setFont(key_font);
+    key->setMinimumWidth(metrics.horizontalAdvance(caption) + 8);
     const int columns = i < 100 ? 1 : arrangement.function_columns;
     key_grid_->addWidget(key, row, column, 1, columns);
     column += columns;
@@ -266,18 +275,15 @@ void Frm4E::ArrangeKeys(const KeyArrangement& arrangement) {
 }
 
 void Frm4E::ReserveKeySpace() {
-  QFont largest = font();
-  largest.setPointSize(largest.pointSize() + kOtherArrangement.points_larger);
-  const int height = QFontMetrics(largest).lineSpacing() + 12;
+  const int height = QFontMetrics(KeyFont(kOtherArrangement)).lineSpacing() + 8;
   for (QPushButton* key : cmd_key_) key->setFixedHeight(height);
-  // Room for the longest captions in each of set B's columns, so that the form keeps its size.
-  const KeyArrangement& set_b = kCodeSetArrangements[1];
-  QFont font_of_b = font();
-  font_of_b.setPointSize(font_of_b.pointSize() + set_b.points_larger);
-  const int width = QFontMetrics(font_of_b).horizontalAdvance("CodeM") + 10;
-  const QSize grid(set_b.columns * (width + kKeySpacing) - kKeySpacing,
-                   kMostRows * (height + kKeySpacing) - kKeySpacing);
-  key_space_->setMinimumSize(grid);
+  key_space_->setMinimumHeight(kMostRows * (height + kKeySpacing) - kKeySpacing);
+}
+
+QFont Frm4E::KeyFont(const KeyArrangement& arrangement) const {
+  QFont key_font = font();
+  key_font.setPointSize(key_font.pointSize() + arrangement.points_larger);
+  return key_font;
 }
 
 int Frm4E::SelectedCodeSet() const {

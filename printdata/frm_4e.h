@@ -54,7 +54,9 @@ class Frm4E : public SubForm {
   void ShowPad();
   // Shows the keys in use with their captions, and hides the others.
   void ArrangeKeys(const KeyArrangement& arrangement);
+  // Gives the pad the height of the tallest arrangement, so that the form keeps its size.
   void ReserveKeySpace();
+  QFont KeyFont(const KeyArrangement& arrangement) const;
   int SelectedCodeSet() const;
 
   CommonVariables& common_;
