@@ -148,7 +148,7 @@ void FrmPrintBuffer::MakeLayout(QGroupBox* card_direction, QGroupBox* coordinate
 }
 
 void FrmPrintBuffer::Form_Activate() {
-  common_.PrintDirection = "2";
+  common_.PrintDirection = std::string("2");
   if (common_.IsPrintData) {
     common_.DataString = PrintText();
     setWindowTitle("41h Data String = Control Header String + Text Data String");
