@@ -59,10 +59,9 @@ void LeaveWatch::TellSoon() {
 }
 
 void LeaveWatch::Tell() {
-  const std::vector<QObject*> left = std::exchange(left_, {});
-  if (telling_ || !form_->isVisible()) return;
+  if (telling_) return;
   telling_ = true;
-  for (QObject* box : left)
+  for (QObject* box : std::exchange(left_, {}))
     if (boxes_.at(box)()) break;
   telling_ = false;
 }

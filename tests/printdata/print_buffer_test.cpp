@@ -50,6 +50,8 @@ struct RangeCase {
   const char* message;
 };
 
+void PrintTo(const RangeCase& param, std::ostream* out) { *out << param.name; }
+
 class CoordinateRange : public testing::TestWithParam<RangeCase> {};
 
 TEST_P(CoordinateRange, AcceptsBothEndsAndRefusesWhatLiesBeyond) {
