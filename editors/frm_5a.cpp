@@ -56,7 +56,7 @@ QWidget* Frm5A::MakeGroup(Control control) {
     option->setObjectName(QString("%1_%2").arg(Text(group.option_name)).arg(i));
     option->setChecked(i == group.initial_index);
     connect(option, &QRadioButton::clicked, this, [this, control, i] { Choose(control, i); });
-    layout->addWidget(option);
+    layout->addWidget(option, 0, Qt::AlignLeft);
     options.push_back(option);
   }
   layout->addStretch();

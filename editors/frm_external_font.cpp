@@ -40,7 +40,7 @@ QWidget* FrmExternalFont::MakeFontChoice() {
       (editor_.*handler)();
       ShowEditor();
     });
-    layout->addWidget(option, 0, column);
+    layout->addWidget(option, 0, column, Qt::AlignLeft);
     return option;
   };
   add_option("Opt24dot", "24 dot", 0, &FontEditor::Opt24dot_Click)->setChecked(true);

@@ -103,7 +103,7 @@ QGroupBox* Frm4E::MakeCodeSet() {
     auto* option = new QRadioButton(kCaptions[i]);
     option->setObjectName(QString("OptCodeSet_%1").arg(i));
     connect(option, &QRadioButton::clicked, this, [this, i] { OptCodeSet_Click(i); });
-    layout->addWidget(option);
+    layout->addWidget(option, 0, Qt::AlignLeft);
     opt_code_set_[static_cast<std::size_t>(i)] = option;
   }
   layout->addStretch();

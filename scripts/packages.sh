@@ -3,7 +3,7 @@
 # The compiler, the build tools and the libraries that the programs need.
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev)
 # What a window needs to run and to show text.
-RUN_PACKAGES=(fontconfig fonts-dejavu-core)
+RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback)
 TEST_PACKAGES=(libgtest-dev libgmock-dev)
 CHECK_PACKAGES=(clang-format)
 

@@ -4,8 +4,11 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace vantrel {
@@ -38,7 +41,23 @@ TEST(DigitBox, DeleteAndCutAreDiscardedWhereTheyAreNotAllowed) {
   QTest::keyClick(&box, Qt::Key_Delete);
   box.selectAll();
   QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+  QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(box.text(), "12");
+}
+
+TEST(DigitBox, TheContextMenuTakesNothingAwayWhereThatIsNotAllowed) {
+  DigitBox box("TxtX", "12", DigitBox::Deleting::kDiscarded);
+  box.show();
+  QStringList entries;
+  QTimer::singleShot(0, &box, [&] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    for (const QAction* entry : menu->actions()) entries += entry->text();
+    menu->close();
+  });
+  QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, box.mapToGlobal(QPoint(1, 1)));
+  QApplication::sendEvent(&box, &event);
+  EXPECT_EQ(entries, (QStringList{"Copy", "Paste", "Select All"}));
 }
 
 TEST(DigitBox, SelectingAndTypingOverReplaces) {
