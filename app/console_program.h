@@ -1,11 +1,24 @@
 #pragma once
 
+#include "console/guarded_application.h"
+#include "dialogs/window_dialogs.h"
 #include "link/serial_port.h"
 
 namespace vantrel {
 
-// Runs the console on the devices that `device_of` names, until it is closed or left. Returns the
-// status of the run: 0, or 1 after a fault of the program.
-int RunConsole(int& argc, char** argv, SerialPort::DeviceOf device_of);
+// The console as a program of its own: the application object, its dialogs and, while it runs, its
+// form.
+class ConsoleProgram {
+ public:
+  ConsoleProgram(int& argc, char** argv);
+
+  // Runs the console on the devices that `device_of` names until it is closed. Returns 0; Exit and
+  // a fault of the program end the process at once instead, with status 0 and 1.
+  int Run(SerialPort::DeviceOf device_of);
+
+ private:
+  WindowDialogs dialogs_;
+  GuardedApplication application_;
+};
 
 }  // namespace vantrel

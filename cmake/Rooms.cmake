@@ -50,15 +50,19 @@ function(vantrel_test name)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 60)
 endfunction()
 
-# vantrel_forms_test(<name> SOURCES <file>... USES <target>...): cases that need windows, off-screen.
+# vantrel_forms_test(<name> [MAIN <library>] SOURCES <file>... USES <target>...): cases that need windows, off-screen.
+# MAIN holds the main function: forms_test_main, or console_test_main for cases with the whole console.
 function(vantrel_forms_test name)
   if(NOT VANTREL_GUI)
     return()
   endif()
-  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  cmake_parse_arguments(ARG "" "MAIN" "SOURCES;USES" ${ARGN})
+  if(NOT ARG_MAIN)
+    set(ARG_MAIN forms_test_main)
+  endif()
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  target_link_libraries(${name} PRIVATE vantrel_options forms_test_main Qt6::Test ${ARG_USES})
+  target_link_libraries(${name} PRIVATE vantrel_options ${ARG_MAIN} Qt6::Test ${ARG_USES})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 60 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()

@@ -2,6 +2,7 @@
 
 #include "console/command_table.h"
 
+#include <QEvent>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 #include <QTextLayout>
@@ -52,8 +53,43 @@ qreal CommandButton::LayOut(QTextLayout& layout, int width) const {
 }
 
 int CommandButton::heightForWidth(int width) const {
+  const auto known = heights_.constFind(width);
+  if (known != heights_.constEnd()) return *known;
   QTextLayout layout(text(), font());
-  return static_cast<int>(std::ceil(LayOut(layout, width - 2 * kMargin))) + 2 * kMargin;
+  const int height = static_cast<int>(std::ceil(LayOut(layout, width - 2 * kMargin))) + 2 * kMargin;
+  heights_.insert(width, height);
+  return height;
+}
+
+void CommandButton::changeEvent(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::FontChange:
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+      heights_.clear();
+      std::fill(std::begin(caption_), std::end(caption_), QPixmap());
+      break;
+    default:
+      break;
+  }
+  QPushButton::changeEvent(event);
+}
+
+const QPixmap& CommandButton::Caption() {
+  QPixmap& caption = caption_[isEnabled() ? 0 : 1];
+  if (!caption.isNull() && caption.deviceIndependentSize() == QSizeF(size()) &&
+      caption.devicePixelRatio() == devicePixelRatio())
+    return caption;
+  caption = QPixmap(size() * devicePixelRatio());
+  caption.setDevicePixelRatio(devicePixelRatio());
+  caption.fill(Qt::transparent);
+  QPainter painter(&caption);
+  painter.setPen(
+      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
+  QTextLayout layout(text(), font());
+  const qreal text_height = LayOut(layout, width() - 2 * kMargin);
+  layout.draw(&painter, {static_cast<qreal>(kMargin), std::floor((height() - text_height) / 2)});
+  return caption;
 }
 
 QSize CommandButton::sizeHint() const { return minimumSizeHint(); }
@@ -69,11 +105,7 @@ void CommandButton::paintEvent(QPaintEvent*) {
   option.text.clear();
   painter.drawControl(QStyle::CE_PushButton, option);
 
-  QTextLayout layout(text(), font());
-  const qreal height = LayOut(layout, width() - 2 * kMargin);
-  painter.setPen(
-      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-  layout.draw(&painter, {static_cast<qreal>(kMargin), std::floor((this->height() - height) / 2)});
+  painter.drawPixmap(0, 0, Caption());
 }
 
 }  // namespace vantrel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QHash>
+#include <QPixmap>
 #include <QPushButton>
 
 class QTextLayout;
@@ -24,12 +26,19 @@ class CommandButton : public QPushButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   // Lays the caption out in lines of `width` pixels, centred, and returns the height of all lines.
   qreal LayOut(QTextLayout& layout, int width) const;
+  const QPixmap& Caption();
 
   const int code_length_;
+  // The heights found for widths, because a layout asks for each many times over.
+  mutable QHash<int, int> heights_;
+  // The caption as it was painted last, in the colours of an enabled and of a disabled button: each
+  // command repaints nearly all buttons twice.
+  QPixmap caption_[2];
 };
 
 }  // namespace vantrel

@@ -62,7 +62,9 @@ void DigitBox::keyPressEvent(QKeyEvent* event) {
     return;
   }
   const QString text = event->text();
-  const bool types = !text.isEmpty() && text[0].isPrint();
+  const bool is_shortcut =
+      (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  const bool types = !is_shortcut && !text.isEmpty() && text[0].isPrint();
   if (types && !std::all_of(text.begin(), text.end(), IsDigit)) return;
   QLineEdit::keyPressEvent(event);
 }

@@ -12,8 +12,11 @@ PanelBar::PanelBar(const QString& name, QWidget* parent) : QStatusBar(parent) {
     panels_[i]->setObjectName(QString("%1_%2").arg(name).arg(i + 1));
     panels_[i]->setTextFormat(Qt::PlainText);
     panels_[i]->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    // A long text must not widen the window; it wraps, and the bar grows.
+    // A long text must not widen the window; it wraps. Room for two lines is always kept, so that a
+    // longer text does not move what stands above the bar.
     panels_[i]->setWordWrap(true);
+    panels_[i]->setMinimumHeight(2 * panels_[i]->fontMetrics().lineSpacing() +
+                                 2 * panels_[i]->frameWidth() + 2);
     panels_[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     panels_[i]->setTextInteractionFlags(Qt::TextSelectableByMouse);
     addPermanentWidget(panels_[i], 1);

@@ -49,12 +49,11 @@ std::string WindowDialogs::InputBox(const std::string& prompt, const std::string
   QInputDialog box(QApplication::activeWindow());
   box.setInputMode(QInputDialog::TextInput);
   box.setWindowTitle(QString::fromStdString(title));
-  // The label is made with the text box as its buddy and would take "&" for a mnemonic. It is made
-  // here, while it is still empty, and loses its buddy before it gets the prompt.
+  // The label is made with the text box as its buddy and would take "&" for a mnemonic. Asking for
+  // the size makes it now, while it is still empty, and it loses its buddy before it gets the
+  // prompt.
   box.setTextValue(QString::fromStdString(default_text));
-  box.setOption(QInputDialog::UsePlainTextEditForTextInput, false);
-  box.ensurePolished();
-  box.setVisible(false);
+  static_cast<void>(box.sizeHint());
   for (auto* label : box.findChildren<QLabel*>()) {
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(nullptr);

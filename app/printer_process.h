@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QProcess>
+
+#include <string>
+
+namespace vantrel {
+
+// A vantrel-printer that runs as long as this object lives, and no longer than this process.
+class PrinterProcess {
+ public:
+  // Starts the program that stands beside this one and waits until it serves. Throws
+  // std::runtime_error with the reason when it does not.
+  PrinterProcess();
+  ~PrinterProcess();
+
+  // The device that a console opens.
+  const std::string& DevicePath() const { return device_path_; }
+
+ private:
+  QProcess process_;
+  std::string device_path_;
+};
+
+}  // namespace vantrel

@@ -1,0 +1,52 @@
+// What do the pure pieces of the link cost on the longest frame that the console sends?
+
+#include "link/common.h"
+#include "link/frame.h"
+#include "link/reply.h"
+#include "link/status_text.h"
+
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+namespace vantrel {
+namespace {
+
+constexpr std::size_t kLongestText = 404;  // an image of 40 lines of 5 bytes
+
+void ConvertText(benchmark::State& state) {
+  const std::string text(kLongestText, 'F');
+  for (auto _ : state) benchmark::DoNotOptimize(StrToHex(text, CodePage::kWestern));
+}
+BENCHMARK(ConvertText);
+
+void ComposeTheFrame(benchmark::State& state) {
+  const std::string data = StrToHex(std::string(kLongestText, 'F'), CodePage::kWestern);
+  for (auto _ : state) benchmark::DoNotOptimize(ComposeFrame("4D", data));
+}
+BENCHMARK(ComposeTheFrame);
+
+void JudgeTheReply(benchmark::State& state) {
+  // 06 02 21 20, 104 characters of track data, 03 and a block check that is right.
+  std::string reply = "06022120";
+  for (int i = 0; i < 104; ++i) reply += "32";
+  reply += "0302";
+  const Judgement judgement = JudgeReply(reply, "02210322");
+  if (judgement != Judgement::kComplete) state.SkipWithError("The reply is not complete.");
+  for (auto _ : state) benchmark::DoNotOptimize(JudgeReply(reply, "02210322"));
+}
+BENCHMARK(JudgeTheReply);
+
+void PutTheReplyIntoWords(benchmark::State& state) {
+  std::string reply = "06022120";
+  for (int i = 0; i < 104; ++i) reply += "32";
+  reply += "0302";
+  for (auto _ : state)
+    benchmark::DoNotOptimize(ReplyMeaning("First Track: ", reply, CodePage::kWestern));
+}
+BENCHMARK(PutTheReplyIntoWords);
+
+}  // namespace
+}  // namespace vantrel
+
+BENCHMARK_MAIN();

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "printer/command.h"
+#include "printer/line_receiver.h"
+#include "printer/printer_state.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace vantrel {
+
+// A reply that follows its 06h later comes at least this long after the last bytes sent, so that a
+// console that discards its input right after each read does not lose it.
+inline constexpr std::chrono::milliseconds kReplyGap{20};
+// Commands that may stand in line behind one at work; a further one is rejected with 10h.
+inline constexpr std::size_t kLongestLine = 16;
+
+// The printer without its line: bytes in, bytes and state changes out, time handed in. It sends
+// nothing before it is spoken to, and never more than one chunk a call.
+//
+// 06h answers an accepted frame at once, 15h a bad block check, 10h a command or a parameter that
+// the printer does not take. The reply frame follows when the work is done; where the work takes no
+// time, it goes out in the same chunk as its 06h.
+//
+// A command without card and work time is served at any moment. Any other one takes the place of a
+// command that waits for a person (that one is given up and never answered), and stands in line
+// behind a command at work. 54h and 55h end the wait for a card and for its removal, 5Fh ends
+// everything; what they end is not answered either.
+class PrinterModel {
+ public:
+  // The sink gets each chunk of bytes to write to the line, the listener each chance that something
+  // visible has changed. Neither may call the model's changing members.
+  void OnSend(std::function<void(const Bytes& chunk)> sink) { send_ = std::move(sink); }
+  void OnChange(std::function<void()> listener) { change_ = std::move(listener); }
+
+  // Bytes from the line, in any split. Time never goes back from call to call.
+  void Receive(std::span<const std::uint8_t> bytes, Moment now);
+  // Does what is due. Call it at NextAdvance() or later.
+  void Advance(Moment now);
+  // When Advance must be called at the latest; nothing while the printer only waits.
+  std::optional<Moment> NextAdvance() const;
+
+  // A person's hand. Each returns false, and does nothing, where a hand could not do it: a card is
+  // put in when it is outside, pulled out when it is not outside and nothing moves it, changed for
+  // another kind when it is outside.
+  bool InsertCard(Moment now);
+  bool PullOutCard(Moment now);
+  bool SetCardKind(CardKind kind);
+  // Records `contents` on a track (0 to 2) of the card, wherever the card is. Bytes that no track
+  // holds (all but 01h and 04h to 7Eh) are left out, what is longer than the track is cut off.
+  void SetTrack(std::size_t track, std::string_view contents);
+
+  // Whether every command's work takes no time; false at start.
+  void SetInstantWork(bool instant) { instant_ = instant; }
+
+  const PrinterState& State() const { return state_; }
+  // Whether a command is at work at this moment; its card is moving then.
+  bool IsWorking() const { return work_.has_value(); }
+  // What the printer is doing: "idle", "21h waits for a card", "51h is at work" ...
+  std::string ActivityInWords() const;
+
+ private:
+  struct Job {
+    const CommandRow* row = nullptr;
+    Command command;
+  };
+  struct Work {
+    Job job;
+    Moment done{0};
+  };
+  enum class Step { kWork, kInstantWork, kRefuse, kAwaitInsertion, kAwaitRemoval };
+
+  void Accept(const Arrival& arrival, Moment now);
+  void Begin(Job job, Moment now);
+  void BeginNext(Moment now);
+  void DoDueWork(Moment now);
+  void Finish(const Job& job);
+  void Answer(const Command& command, const Reply& reply);
+  void EndEverything();
+  Step NextStep(const Job& job);
+  void Flush(Moment now);
+
+  PrinterState state_;
+  LineReceiver receiver_;
+  bool instant_ = false;
+  std::optional<Job> waiting_;  // until a person does something
+  std::optional<Work> work_;    // under way
+  std::deque<Job> line_;        // behind the work
+
+  // Whether an answer of this moment still shares the chunk of its 06h.
+  bool acknowledging_ = false;
+  Bytes chunk_;
+  std::deque<Bytes> later_replies_;
+  std::optional<Moment> last_sent_;
+  std::function<void(const Bytes&)> send_;
+  std::function<void()> change_;
+};
+
+}  // namespace vantrel

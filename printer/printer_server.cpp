@@ -1,0 +1,71 @@
+#include "printer/printer_server.h"
+
+#include <QSocketNotifier>
+
+#include <algorithm>
+#include <chrono>
+#include <optional>
+
+namespace vantrel {
+namespace {
+
+using namespace std::chrono_literals;
+
+QByteArray ToQt(const Bytes& bytes) {
+  return QByteArray(reinterpret_cast<const char*>(bytes.data()),
+                    static_cast<qsizetype>(bytes.size()));
+}
+
+}  // namespace
+
+PrinterServer::PrinterServer(PrinterModel& model, QObject* parent)
+    : QObject(parent),
+      model_(model),
+      readable_(new QSocketNotifier(terminal_.Descriptor(), QSocketNotifier::Read, this)) {
+  clock_.start();
+  model_.OnSend([this](const Bytes& chunk) { Write(chunk); });
+  model_.OnChange([this] {
+    Schedule();
+    emit Changed();
+  });
+  connect(readable_, &QSocketNotifier::activated, this, [this] { ReadLine(); });
+  due_.setSingleShot(true);
+  due_.setTimerType(Qt::PreciseTimer);
+  connect(&due_, &QTimer::timeout, this, [this] { model_.Advance(Now()); });
+  // A console that is killed cannot be seen to go, so its exclusive use is ended again and again.
+  connect(&exclusive_use_, &QTimer::timeout, this, [this] { terminal_.ClearExclusiveUse(); });
+  exclusive_use_.start(250ms);
+}
+
+PrinterServer::~PrinterServer() {
+  model_.OnSend({});
+  model_.OnChange({});
+}
+
+bool PrinterServer::InsertCard() { return model_.InsertCard(Now()); }
+
+bool PrinterServer::PullOutCard() { return model_.PullOutCard(Now()); }
+
+Moment PrinterServer::Now() const { return Moment{clock_.elapsed()}; }
+
+void PrinterServer::ReadLine() {
+  const Bytes bytes = terminal_.Read();
+  if (bytes.empty()) return;
+  emit Received(ToQt(bytes));
+  model_.Receive(bytes, Now());
+}
+
+void PrinterServer::Write(const Bytes& chunk) {
+  const std::size_t written = terminal_.Write(chunk);
+  emit Sent(ToQt(chunk).left(static_cast<qsizetype>(written)));
+}
+
+void PrinterServer::Schedule() {
+  const std::optional<Moment> next = model_.NextAdvance();
+  if (next)
+    due_.start(std::max(*next - Now(), Moment{0}));
+  else
+    due_.stop();
+}
+
+}  // namespace vantrel

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "printer/printer_model.h"
+#include "printer/pseudo_terminal.h"
+
+#include <QByteArray>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <string>
+
+class QSocketNotifier;
+
+namespace vantrel {
+
+// Serves a printer model on a pseudo-terminal of its own, from the event loop of its thread, from
+// construction to destruction.
+class PrinterServer : public QObject {
+  Q_OBJECT
+
+ public:
+  // `model` must outlive the server, which makes itself its sink and listener. Throws
+  // std::system_error when the system gives no pseudo-terminal.
+  explicit PrinterServer(PrinterModel& model, QObject* parent = nullptr);
+  ~PrinterServer() override;
+
+  // The device that a console opens, "/dev/pts/7".
+  const std::string& DevicePath() const { return terminal_.DevicePath(); }
+
+  // A person's hand, at this moment. False where a hand could not do it; see PrinterModel.
+  bool InsertCard();
+  bool PullOutCard();
+
+ signals:
+  // What has gone over the line, as it was read or written.
+  void Received(const QByteArray& bytes);
+  void Sent(const QByteArray& bytes);
+  // Something visible of the model may have changed.
+  void Changed();
+
+ private:
+  Moment Now() const;
+  void ReadLine();
+  void Write(const Bytes& chunk);
+  // Has the timer go off when the model next needs a call.
+  void Schedule();
+
+  PrinterModel& model_;
+  PseudoTerminal terminal_;
+  QElapsedTimer clock_;
+  QTimer due_;
+  QTimer exclusive_use_;
+  QSocketNotifier* readable_;
+};
+
+}  // namespace vantrel

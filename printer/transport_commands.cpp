@@ -1,0 +1,53 @@
+#include "printer/command.h"
+
+namespace vantrel {
+namespace {
+
+// '0' stops the card at the front, still a target; '1' discharges it completely. '2', a discharge
+// to the back, is not taken: the case closes the back.
+Reply Discharge(PrinterState& state, const Command& command) {
+  state.Transport(command.data == "0" ? CardPlace::kFront : CardPlace::kExit);
+  return {};
+}
+
+Reply MoveToRear(PrinterState& state, const Command&) {
+  state.Transport(CardPlace::kRear);
+  return {};
+}
+
+Reply Clean(PrinterState& state, const Command&) {
+  state.Transport(CardPlace::kExit);
+  return {};
+}
+
+Reply MoveToFront(PrinterState& state, const Command&) {
+  state.Transport(CardPlace::kFront);
+  return {};
+}
+
+Reply CancelInsertionWait(PrinterState& state, const Command&) {
+  if (state.wait == CardWait::kInsertion) state.wait = CardWait::kNone;
+  return {};
+}
+
+// The card that should have been pulled out is held at the front again, as a target.
+Reply CancelRemovalWait(PrinterState& state, const Command&) {
+  if (state.wait == CardWait::kRemoval) state.wait = CardWait::kNone;
+  if (state.place == CardPlace::kExit) state.place = CardPlace::kFront;
+  return {};
+}
+
+constexpr CommandRow kRows[] = {
+    {0x50, IsZeroOrOne, Need::kTargetCard, kMoveTime, Discharge},
+    {0x51, IsEmpty, Need::kCardOrWait, kMoveTime, MoveToRear},
+    {0x52, IsEmpty, Need::kCleaningCard, kCleaningTime, Clean},
+    {0x53, IsEmpty, Need::kCardOrWait, kMoveTime, MoveToFront},
+    {0x54, IsEmpty, Need::kNothing, kNoTime, CancelInsertionWait},
+    {0x55, IsEmpty, Need::kNothing, kNoTime, CancelRemovalWait},
+};
+
+}  // namespace
+
+std::span<const CommandRow> TransportCommands() { return kRows; }
+
+}  // namespace vantrel

@@ -1,0 +1,47 @@
+# Sourced by run.sh, test.sh and .ci/run: makes sure that Debian packages are installed.
+
+# The compiler, the build tools and the libraries that the programs need.
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev)
+# What a window needs to run and to show text.
+RUN_PACKAGES=(fontconfig fonts-dejavu-core)
+TEST_PACKAGES=(libgtest-dev libgmock-dev)
+CHECK_PACKAGES=(clang-format)
+
+# require_packages PACKAGE...: installs those that are missing and says which. Ends the script with a clear message when
+# that is not possible.
+require_packages() {
+  if ! command -v dpkg-query >/dev/null; then
+    echo "This system has no Debian packages; make sure that it has what these stand for: $*" >&2
+    return 0
+  fi
+  local installed missing=() package
+  installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null |
+    sed -n 's/ installed$//p')
+  for package in "$@"; do
+    grep -qx -- "$package" <<<"$installed" || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+
+  echo "Installing missing packages: ${missing[*]}"
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "Run this once as an administrator, then try again:" >&2
+      echo "  apt-get update && apt-get install ${missing[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  "${as_root[@]}" apt-get update -qq &&
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -y -qq --no-install-recommends "${missing[@]}" || {
+    echo "The packages could not be installed: ${missing[*]}" >&2
+    exit 1
+  }
+}
+
+# configure_and_build PRESET: configures a build folder once and builds it; a second call with nothing changed is quick.
+configure_and_build() {
+  [ -f "build/$1/build.ninja" ] || cmake --preset "$1"
+  cmake --build --preset "$1"
+}

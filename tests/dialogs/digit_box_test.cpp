@@ -1,0 +1,85 @@
+#include "dialogs/digit_box.h"
+
+#include "dialogs/sub_form.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace vantrel {
+namespace {
+
+TEST(DigitBox, TakesDigitsAlone) {
+  DigitBox box("TxtX", "", DigitBox::Deleting::kAllowed);
+  QTest::keyClicks(&box, "1a-2 .3");
+  EXPECT_EQ(box.text(), "123");
+  EXPECT_EQ(box.text(), "123");
+}
+
+TEST(DigitBox, BackspaceIsDiscarded) {
+  DigitBox box("TxtX", "12", DigitBox::Deleting::kAllowed);
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  QTest::keyClick(&box, Qt::Key_Backspace, Qt::ControlModifier);
+  EXPECT_EQ(box.text(), "12");
+}
+
+TEST(DigitBox, DeleteWorksWhereItIsAllowed) {
+  DigitBox box("TxtX", "12", DigitBox::Deleting::kAllowed);
+  QTest::keyClick(&box, Qt::Key_Home);
+  QTest::keyClick(&box, Qt::Key_Delete);
+  EXPECT_EQ(box.text(), "2");
+}
+
+TEST(DigitBox, DeleteAndCutAreDiscardedWhereTheyAreNotAllowed) {
+  DigitBox box("TxtX", "12", DigitBox::Deleting::kDiscarded);
+  QTest::keyClick(&box, Qt::Key_Home);
+  QTest::keyClick(&box, Qt::Key_Delete);
+  box.selectAll();
+  QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(box.text(), "12");
+}
+
+TEST(DigitBox, SelectingAndTypingOverReplaces) {
+  DigitBox box("TxtX", "12", DigitBox::Deleting::kDiscarded);
+  box.selectAll();
+  QTest::keyClicks(&box, "7");
+  EXPECT_EQ(box.text(), "7");
+}
+
+TEST(DigitBox, PastingTakesDigitsOnly) {
+  DigitBox box("TxtX", "", DigitBox::Deleting::kDiscarded);
+  QApplication::clipboard()->setText("a1b2 3");
+  QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(box.text(), "123");
+}
+
+TEST(DigitBox, EnterAndEscapeReachNothingElse) {
+  SubForm form("FrmTest");
+  auto* box = new DigitBox("TxtX", "1", DigitBox::Deleting::kAllowed, &form);
+  auto* button = new QPushButton(&form);
+  int clicks = 0;
+  QObject::connect(button, &QPushButton::clicked, button, [&] { ++clicks; });
+  form.show();
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+    QTest::keyClick(box, key);
+  EXPECT_EQ(clicks, 0);
+  EXPECT_TRUE(form.isVisible());
+}
+
+TEST(DigitBox, ClickIsPressAndRelease) {
+  DigitBox box("TxtX", "1", DigitBox::Deleting::kAllowed);
+  box.show();
+  int clicks = 0;
+  QObject::connect(&box, &DigitBox::Click, &box, [&] { ++clicks; });
+  QTest::mousePress(&box, Qt::LeftButton);
+  EXPECT_EQ(clicks, 0);
+  QTest::mouseRelease(&box, Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+  QTest::mouseClick(&box, Qt::RightButton);
+  EXPECT_EQ(clicks, 1);
+}
+
+}  // namespace
+}  // namespace vantrel

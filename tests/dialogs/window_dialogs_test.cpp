@@ -1,0 +1,119 @@
+#include "dialogs/window_dialogs.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace vantrel {
+namespace {
+
+// Runs `act` on the box that opens next, once it is shown.
+void OnBox(std::function<void(QDialog*)> act) {
+  auto* timer = new QTimer(qApp);
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
+    auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (box == nullptr || !box->isVisible()) return;
+    timer->stop();
+    timer->deleteLater();
+    act(box);
+  });
+  timer->start(1);
+}
+
+void PressButton(QDialog* box, const QString& text) {
+  for (auto* button : box->findChildren<QAbstractButton*>()) {
+    if (button->text().remove('&') != text) continue;
+    QTest::mouseClick(button, Qt::LeftButton);
+    return;
+  }
+  ADD_FAILURE() << "There is no button " << text.toStdString();
+  box->close();
+}
+
+QStringList ButtonsOf(QDialog* box) {
+  QStringList texts;
+  for (auto* button : box->findChildren<QAbstractButton*>())
+    if (button->isVisible()) texts += button->text().remove('&');
+  texts.sort();
+  return texts;
+}
+
+TEST(MsgBox, ShowsPromptTitleAndButtonsAndReturnsTheAnswer) {
+  WindowDialogs dialogs;
+  struct Case {
+    Buttons buttons;
+    QStringList texts;
+    QString press;
+    Answer answer;
+  };
+  for (const Case& row :
+       {Case{Buttons::kOk, {"OK"}, "OK", Answer::kOk},
+        {Buttons::kYesNo, {"No", "Yes"}, "Yes", Answer::kYes},
+        {Buttons::kYesNo, {"No", "Yes"}, "No", Answer::kNo},
+        {Buttons::kYesNoCancel, {"Cancel", "No", "Yes"}, "Yes", Answer::kYes},
+        {Buttons::kYesNoCancel, {"Cancel", "No", "Yes"}, "No", Answer::kNo},
+        {Buttons::kYesNoCancel, {"Cancel", "No", "Yes"}, "Cancel", Answer::kCancel}}) {
+    OnBox([&row](QDialog* box) {
+      EXPECT_EQ(box->windowTitle(), "A title ");
+      EXPECT_EQ(box->property("text").toString(), "One & two\r\n<b>three</b>");
+      EXPECT_EQ(box->property("textFormat").toInt(), Qt::PlainText);
+      EXPECT_EQ(ButtonsOf(box), row.texts);
+      PressButton(box, row.press);
+    });
+    EXPECT_EQ(dialogs.MsgBox("One & two\r\n<b>three</b>", row.buttons, "A title "), row.answer);
+  }
+}
+
+TEST(MsgBox, ItsCloseBoxCountsAsNoOrCancel) {
+  WindowDialogs dialogs;
+  const auto close = [](QDialog* box) { box->close(); };
+  OnBox(close);
+  EXPECT_EQ(dialogs.MsgBox("?", Buttons::kYesNo, ""), Answer::kNo);
+  OnBox(close);
+  EXPECT_EQ(dialogs.MsgBox("?", Buttons::kYesNoCancel, ""), Answer::kCancel);
+  OnBox(close);
+  EXPECT_EQ(dialogs.MsgBox("?", Buttons::kOk, ""), Answer::kOk);
+}
+
+QLabel* PromptOf(QDialog* box) { return box->findChild<QLabel*>(); }
+
+TEST(InputBox, ShowsAnAmpersandInItsPrompt) {
+  WindowDialogs dialogs;
+  OnBox([](QDialog* box) {
+    ASSERT_NE(PromptOf(box), nullptr);
+    EXPECT_EQ(PromptOf(box)->text(), "R&W: <b>erase</b>\r\nPress '2'");
+    EXPECT_EQ(PromptOf(box)->textFormat(), Qt::PlainText);
+    // With a buddy the label would swallow the sign.
+    EXPECT_EQ(PromptOf(box)->buddy(), nullptr);
+    box->close();
+  });
+  EXPECT_EQ(dialogs.InputBox("R&W: <b>erase</b>\r\nPress '2'", "Title"), "");
+}
+
+TEST(InputBox, HoldsTheDefaultAndReturnsWhatWasTyped) {
+  WindowDialogs dialogs;
+  OnBox([](QDialog* box) {
+    auto* edit = box->findChild<QLineEdit*>();
+    EXPECT_EQ(edit->text(), "2");
+    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(edit, " ab ");
+    PressButton(box, "OK");
+  });
+  EXPECT_EQ(dialogs.InputBox("?", "Title", "2"), " ab ");
+}
+
+TEST(InputBox, CancelledReturnsAnEmptyText) {
+  WindowDialogs dialogs;
+  OnBox([](QDialog* box) { PressButton(box, "Cancel"); });
+  EXPECT_EQ(dialogs.InputBox("?", "Title", "2"), "");
+}
+
+}  // namespace
+}  // namespace vantrel

@@ -1,0 +1,68 @@
+#include "tests/support/console_fixture.h"
+
+#include "console/system_time.h"
+#include "tests/support/current_dialogs.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QTest>
+
+namespace vantrel {
+
+ConsoleTest::ConsoleTest()
+    : port_([this](int number) { return number == 1 ? first_device_ : second_device_; }) {
+  CurrentDialogs::Instance().Set(&dialogs_);
+  CurrentDialogs::Instance().end_status = -1;
+}
+
+ConsoleTest::~ConsoleTest() {
+  form_.reset();
+  CurrentDialogs::Instance().Set(nullptr);
+}
+
+void ConsoleTest::Load() {
+  form_ =
+      std::make_unique<FrmVantrel>(port_, dialogs_, SystemTimeOf(QLocale::c()), CodePage::kWestern,
+                                   [this](int status) { end_status_ = status; });
+  form_->show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(form_.get()));
+}
+
+void ConsoleTest::Press(const char* name) { QTest::mouseClick(Button(name), Qt::LeftButton); }
+
+void ConsoleTest::Choose(const char* name) {
+  auto* entry = form_->findChild<QAction*>(name);
+  ASSERT_NE(entry, nullptr) << name;
+  // Through an event, as a real choice comes, so that what it throws meets the application.
+  QMetaObject::invokeMethod(entry, &QAction::trigger, Qt::QueuedConnection);
+  QCoreApplication::processEvents();
+}
+
+void ConsoleTest::AnswerAll(const std::string& data_hex, const std::string& status) {
+  peer_.OnFrame([=, this](const std::string& frame) {
+    peer_.Send(PtyPeer::Reply(frame.substr(2, 2), data_hex, status));
+  });
+}
+
+QPushButton* ConsoleTest::Button(const char* name) {
+  auto* button = form_->findChild<QPushButton*>(name);
+  EXPECT_NE(button, nullptr) << name;
+  return button;
+}
+
+std::string ConsoleTest::Text(const char* name) {
+  auto* widget = form_->findChild<QWidget*>(name);
+  if (widget == nullptr) {
+    ADD_FAILURE() << "There is no control " << name;
+    return {};
+  }
+  return widget->property("text").toString().toStdString();
+}
+
+bool ConsoleTest::IsChecked(const char* entry) {
+  auto* action = form_->findChild<QAction*>(entry);
+  EXPECT_NE(action, nullptr) << entry;
+  return action != nullptr && action->isChecked();
+}
+
+}  // namespace vantrel

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "console/frm_vantrel.h"
+#include "link/serial_port.h"
+#include "tests/support/pty_peer.h"
+#include "tests/support/scripted_dialogs.h"
+
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantrel {
+
+// A case with the whole console on a real pseudo-terminal, whose other end the case drives. Boxes
+// are scripted.
+class ConsoleTest : public testing::Test {
+ protected:
+  ConsoleTest();
+  ~ConsoleTest() override;
+
+  // Makes and shows the console; port 1 is the peer's device, port 2 `second_device`.
+  void Load();
+  // Clicks a button with the mouse; returns when its handler has ended.
+  void Press(const char* name);
+  // Chooses a menu entry.
+  void Choose(const char* name);
+  // Lets every frame be answered with a good reply that carries `data_hex`.
+  void AnswerAll(const std::string& data_hex = "", const std::string& status = "20");
+
+  QPushButton* Button(const char* name);
+  // The text of a label or text box.
+  std::string Text(const char* name);
+  bool IsChecked(const char* entry);
+  // The frames that the peer has received.
+  const std::vector<std::string>& Frames() const { return peer_.Frames(); }
+
+  PtyPeer peer_;
+  ScriptedDialogs dialogs_;
+  std::string first_device_ = peer_.Device();
+  std::string second_device_ = "/dev/does-not-exist";
+  SerialPort port_;
+  std::unique_ptr<FrmVantrel> form_;
+  int end_status_ = -1;  // the status with which the console ended the program
+};
+
+}  // namespace vantrel

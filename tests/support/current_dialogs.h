@@ -1,0 +1,27 @@
+#pragma once
+
+#include "dialogs/dialogs.h"
+
+namespace vantrel {
+
+// The dialogs of the running case, to which the test program's application object hands its boxes.
+// A case sets its own and takes them away at its end; a box that comes when there are none fails
+// the case.
+class CurrentDialogs : public Dialogs {
+ public:
+  static CurrentDialogs& Instance();
+
+  void Set(Dialogs* dialogs) { dialogs_ = dialogs; }
+  // The status with which a fault of the program ended the run, -1 while there was none.
+  int end_status = -1;
+
+  Answer MsgBox(const std::string& prompt, Buttons buttons, const std::string& title,
+                Icon icon) override;
+  std::string InputBox(const std::string& prompt, const std::string& title,
+                       const std::string& default_text) override;
+
+ private:
+  Dialogs* dialogs_ = nullptr;
+};
+
+}  // namespace vantrel
