@@ -124,5 +124,33 @@ TEST_F(CommandButtons, EachSendsTheCommandThatItsNameEndsIn) {
   }
 }
 
+TEST_F(CommandButtons, EachOnAClosedPortShowsItsFrameAndGivesTheButtonsBack) {
+  for (const Button& button : kButtons) {
+    const std::string code = button.name.substr(3);
+    if (code == "4A") continue;
+    AnswerFor(code);
+    port.Fails();
+    EXPECT_THROW(Press(button.name), PortError) << button.name;
+    EXPECT_EQ(display.Text(Field::TxtCommand), code);
+    EXPECT_THAT(display.Text(Field::TxtSyntax), testing::StartsWith("02 " + code + " "));
+    EXPECT_EQ(Panel1(), "") << button.name;
+    EXPECT_EQ(Panel2(), "") << button.name;
+    EXPECT_TRUE(display.ButtonsEnabled()) << button.name;
+  }
+  EXPECT_THAT(Frames(), testing::IsEmpty());
+}
+
+TEST_F(CommandButtons, EachLetsAnAbandonedExchangeThroughAndDoesNothingMore) {
+  for (const Button& button : kButtons) {
+    const std::string code = button.name.substr(3);
+    if (code == "4A") continue;
+    const std::size_t sent_before = Frames().size();
+    AnswerFor(code);
+    port.Waits([this] { transaction.Abandon(); });
+    EXPECT_THROW(Press(button.name), ExchangeEnded) << button.name;
+    EXPECT_EQ(Frames().size(), sent_before + 1) << button.name;
+  }
+}
+
 }  // namespace
 }  // namespace vantrel

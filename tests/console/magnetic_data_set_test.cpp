@@ -187,9 +187,24 @@ class DataSetEdges : public CommandFixture {
 TEST_F(DataSetEdges, Cmd3BAnsweredNoSendsDateAndTimeWithin5000) {
   dialogs.Answers(Answer::kNo);
   Press("Cmd3B");
-  EXPECT_EQ(Start(2), "023B");
+  EXPECT_THAT(Frames(), ElementsAre("023B"
+                                    "545241434B3120444154412020202020444154453A20"  // up to DATE:
+                                    "32302E31312E3236"                              // 20.11.26
+                                    "202020202054494D453A20"                        // TIME:
+                                    "32313A30353A3033"                              // 21:05:03
+                                    "0374"));
   EXPECT_EQ(clock.TimeLimit(), 5000);
-  EXPECT_THAT(Frames()[0], testing::EndsWith("0374"));
+}
+
+TEST_F(DataSetEdges, SamplesOf3ChAnd3DhFillTheirTracksAndThatOf36hAnd39hStaysBelow69) {
+  std::vector<std::size_t> lengths;
+  for (const char* button : {"Cmd3C", "Cmd3D", "Cmd36", "Cmd39"}) {
+    dialogs.Answers(Answer::kNo);
+    Press(button);
+    // STX, command, ETX and block check are four bytes.
+    lengths.push_back(Frames().back().size() / 2 - 4);
+  }
+  EXPECT_THAT(lengths, ElementsAre(37U, 104U, 65U, 65U));
 }
 
 TEST_F(DataSetEdges, Cmd3DAnsweredNoSends32h104Times) {

@@ -87,7 +87,8 @@ INSTANTIATE_TEST_SUITE_P(
         TypedCase{"BlankBefore", " 2", k31By2, k32By2, k46By2, k47By2, k48By2},
         TypedCase{"LettersBehind", "2abc", k31By2, k32By2, k46By2, k47By2, k48By2},
         TypedCase{"ExponentE", "1e1", k31By1, k32By1, kAsksAgain, kAsksAgain, kAsksAgain},
-        TypedCase{"ExponentD", "2D0", k31By2, k32By2, k46By2, k47By2, k48By2},
+        TypedCase{"ExponentD", "2D1", k31By2, k32By2, kAsksAgain, kAsksAgain, kAsksAgain},
+        TypedCase{"NegativeExponentD", "20d-1", k31By2, k32By2, k46By2, k47By2, k48By2},
         // A hexadecimal mark begins no number.
         TypedCase{"HexMark", "&H2", kNothing, kNothing, k46By0, k47By0, k48By0},
         TypedCase{"Largest", "32767", "0231330301", "0232330302", kAsksAgain, kAsksAgain,
