@@ -18,7 +18,7 @@ bool CommandHandlers::AcceptsMemoryWear(std::string_view code) {
 }
 
 void CommandHandlers::Cmd5B_Click() {
-  const Command& command = CommandOf("5B");
+  const ConsoleCommand& command = CommandOf("5B");
   if (!AcceptsMemoryWear(command.code)) return;
   ShowHelp(command);
   const Answer choice = dialogs_.MsgBox(
@@ -35,7 +35,7 @@ void CommandHandlers::Cmd5B_Click() {
 }
 
 void CommandHandlers::Cmd91_Click() {
-  const Command& command = CommandOf("91");
+  const ConsoleCommand& command = CommandOf("91");
   if (!AcceptsMemoryWear(command.code)) return;
   ShowHelp(command);
   const std::string reply = dialogs_.InputBox("Input the paremeter", "91h Command");

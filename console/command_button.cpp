@@ -20,9 +20,19 @@ QString TextOf(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
+// Most styles paint disabled text too faintly to read; half-way between text and button can be read
+// in light and dark themes alike.
+QColor CaptionColor(const QPalette& palette, bool enabled) {
+  const QColor text = palette.color(QPalette::Active, QPalette::ButtonText);
+  if (enabled) return text;
+  const QColor button = palette.color(QPalette::Active, QPalette::Button);
+  return {(text.red() + button.red()) / 2, (text.green() + button.green()) / 2,
+          (text.blue() + button.blue()) / 2};
+}
+
 }  // namespace
 
-CommandButton::CommandButton(const Command& command, QWidget* parent)
+CommandButton::CommandButton(const ConsoleCommand& command, QWidget* parent)
     : QPushButton(TextOf(command.caption), parent),
       code_length_(static_cast<int>(command.code.size())) {
   setObjectName(TextOf(command.button));
@@ -84,8 +94,7 @@ const QPixmap& CommandButton::Caption() {
   caption.setDevicePixelRatio(devicePixelRatio());
   caption.fill(Qt::transparent);
   QPainter painter(&caption);
-  painter.setPen(
-      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
+  painter.setPen(CaptionColor(palette(), isEnabled()));
   QTextLayout layout(text(), font());
   const qreal text_height = LayOut(layout, width() - 2 * kMargin);
   layout.draw(&painter, {static_cast<qreal>(kMargin), std::floor((height() - text_height) / 2)});

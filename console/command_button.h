@@ -8,7 +8,7 @@ class QTextLayout;
 
 namespace vantrel {
 
-struct Command;
+struct ConsoleCommand;
 
 // A button whose caption wraps to as many lines as the button's width needs, with the command code
 // that ends the caption in bold. Its text is the caption as it stands; the property "Tag" holds the
@@ -17,7 +17,7 @@ class CommandButton : public QPushButton {
   Q_OBJECT
 
  public:
-  explicit CommandButton(const Command& command, QWidget* parent = nullptr);
+  explicit CommandButton(const ConsoleCommand& command, QWidget* parent = nullptr);
 
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;

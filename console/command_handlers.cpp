@@ -17,12 +17,12 @@ CommandHandlers::CommandHandlers(Transaction& transaction, Display& display, Dia
       system_time_(std::move(system_time)),
       page_(page) {}
 
-void CommandHandlers::ShowHelp(const Command& command) {
+void CommandHandlers::ShowHelp(const ConsoleCommand& command) {
   ShowHints(command);
   ShowPanels(command);
 }
 
-void CommandHandlers::ShowHints(const Command& command) {
+void CommandHandlers::ShowHints(const ConsoleCommand& command) {
   // Nine blanks set the send line in under the response line.
   std::string hints(9, ' ');
   hints += command.send;
@@ -31,17 +31,17 @@ void CommandHandlers::ShowHints(const Command& command) {
   display_.SetText(Field::LblHints, hints);
 }
 
-void CommandHandlers::ShowPanels(const Command& command) {
+void CommandHandlers::ShowPanels(const ConsoleCommand& command) {
   display_.SetText(Field::Panel1, std::string(command.panel1));
   display_.SetText(Field::Panel2, std::string(command.panel2));
 }
 
-void CommandHandlers::Send(const Command& command, std::string_view data_hex) {
+void CommandHandlers::Send(const ConsoleCommand& command, std::string_view data_hex) {
   transaction_.SendCommand(ComposeFrame(command.code, data_hex), command.time_limit);
 }
 
 void CommandHandlers::SendFixed(std::string_view code) {
-  const Command& command = CommandOf(code);
+  const ConsoleCommand& command = CommandOf(code);
   ShowHelp(command);
   if (command.written_frame.empty())
     Send(command, {});

@@ -73,11 +73,11 @@ class CommandHandlers {
 
  private:
   // Writes the help text, set in by nine blanks, and then the guidance of both panels.
-  void ShowHelp(const Command& command);
-  void ShowHints(const Command& command);
-  void ShowPanels(const Command& command);
+  void ShowHelp(const ConsoleCommand& command);
+  void ShowHints(const ConsoleCommand& command);
+  void ShowPanels(const ConsoleCommand& command);
   // Composes the command's frame around `data_hex` and sends it.
-  void Send(const Command& command, std::string_view data_hex);
+  void Send(const ConsoleCommand& command, std::string_view data_hex);
   // The whole of a command without parameters.
   void SendFixed(std::string_view code);
 
@@ -86,7 +86,7 @@ class CommandHandlers {
   std::string InputMagneticData(const std::string& title, std::string_view range_text,
                                 const std::string& default_data);
   // Asks which tracks to write and sends the choice; nothing is sent for the choice 0.
-  void WriteTracks(const Command& command);
+  void WriteTracks(const ConsoleCommand& command);
 
   // Print, erase, discharge.
   void DischargeByMethod(std::string_view code);
@@ -95,7 +95,7 @@ class CommandHandlers {
   bool AcceptsMemoryWear(std::string_view code);
 
   // Sub-forms.
-  void SendDataString(const Command& command);
+  void SendDataString(const ConsoleCommand& command);
   void EditExternalImage(std::string_view code, bool is_block_mode);
   void EditExternalFont(std::string_view code, bool is_double_byte_font,
                         const std::string& caption);

@@ -33,7 +33,7 @@ constexpr std::string_view kCleaningButton =
 using Handlers = CommandHandlers;
 
 // Misspellings, odd blanks and block checks that a help text names wrongly are the texts' own.
-constexpr Command kCommands[] = {
+constexpr ConsoleCommand kCommands[] = {
     {"Cmd21", "21", "First Track Read 21", "1", &Handlers::Cmd21_Click, "Send: STX 21h ETX BCC",
      "Response: STX 21h Status 'Read Data String' ETX BCC", kInsertCard, kCancelWait, 20000,
      "02210322"},
@@ -188,11 +188,12 @@ static_assert(std::size(kCommands) == 48);
 
 }  // namespace
 
-std::span<const Command> Commands() { return kCommands; }
+std::span<const ConsoleCommand> Commands() { return kCommands; }
 
-const Command& CommandOf(std::string_view code) {
-  const auto* found = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                   [code](const Command& command) { return command.code == code; });
+const ConsoleCommand& CommandOf(std::string_view code) {
+  const auto* found =
+      std::find_if(std::begin(kCommands), std::end(kCommands),
+                   [code](const ConsoleCommand& command) { return command.code == code; });
   if (found == std::end(kCommands))
     throw std::out_of_range("Subscript out of range: no command " + std::string(code));
   return *found;

@@ -9,7 +9,7 @@ class CommandHandlers;
 
 // One command button of the console and what its command shows and sends. Every text is shown
 // letter by letter.
-struct Command {
+struct ConsoleCommand {
   std::string_view button;  // the button's name, "Cmd21"
   std::string_view code;    // the command code, two hex digits
   std::string_view caption;
@@ -26,10 +26,10 @@ struct Command {
 };
 
 // The 48 commands in the order of their buttons.
-std::span<const Command> Commands();
+std::span<const ConsoleCommand> Commands();
 
 // The command of a code, for example "5A". Throws std::out_of_range for a code that the console
 // does not have.
-const Command& CommandOf(std::string_view code);
+const ConsoleCommand& CommandOf(std::string_view code);
 
 }  // namespace vantrel

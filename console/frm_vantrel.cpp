@@ -167,7 +167,7 @@ QWidget* FrmVantrel::BuildButtons() {
   const auto commands = Commands();
   const int rows = static_cast<int>(commands.size()) / kColumns;
   for (int i = 0; i < static_cast<int>(commands.size()); ++i) {
-    const Command& command = commands[static_cast<std::size_t>(i)];
+    const ConsoleCommand& command = commands[static_cast<std::size_t>(i)];
     auto* button = new CommandButton(command);
     connect(button, &QPushButton::clicked, this,
             [this, &command] { (handlers_.*command.click)(); });

@@ -6,12 +6,12 @@
 
 namespace vantrel {
 
-void CommandHandlers::SendDataString(const Command& command) {
+void CommandHandlers::SendDataString(const ConsoleCommand& command) {
   Send(command, StrToHex(common_.DataString, page_));
 }
 
 void CommandHandlers::EditPrintBuffer(std::string_view code, bool is_print_data) {
-  const Command& command = CommandOf(code);
+  const ConsoleCommand& command = CommandOf(code);
   ShowHelp(command);
   sub_forms_.HideConsole();
   common_.IsPrintData = is_print_data;
@@ -24,7 +24,7 @@ void CommandHandlers::Cmd41_Click() { EditPrintBuffer("41", true); }
 void CommandHandlers::Cmd42_Click() { EditPrintBuffer("42", false); }
 
 void CommandHandlers::EditExternalImage(std::string_view code, bool is_block_mode) {
-  const Command& command = CommandOf(code);
+  const ConsoleCommand& command = CommandOf(code);
   ShowHelp(command);
   common_.IsBlockMode = is_block_mode;
   sub_forms_.HideConsole();
@@ -38,7 +38,7 @@ void CommandHandlers::Cmd4D_Click() { EditExternalImage("4D", true); }
 
 void CommandHandlers::EditExternalFont(std::string_view code, bool is_double_byte_font,
                                        const std::string& caption) {
-  const Command& command = CommandOf(code);
+  const ConsoleCommand& command = CommandOf(code);
   ShowHelp(command);
   common_.IsDoubleByteFont = is_double_byte_font;
   sub_forms_.HideConsole();
@@ -59,7 +59,7 @@ void CommandHandlers::Cmd45_Click() {
 }
 
 void CommandHandlers::Cmd4E_Click() {
-  const Command& command = CommandOf("4E");
+  const ConsoleCommand& command = CommandOf("4E");
   ShowHints(command);
   // Panel 2 keeps the text it has.
   display_.SetText(Field::Panel1, std::string(command.panel1));
@@ -70,7 +70,7 @@ void CommandHandlers::Cmd4E_Click() {
 }
 
 void CommandHandlers::Cmd5A_Click() {
-  const Command& command = CommandOf("5A");
+  const ConsoleCommand& command = CommandOf("5A");
   common_.ControlDataString.clear();
   ShowHelp(command);
   // The console stays visible under this form.

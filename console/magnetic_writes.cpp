@@ -64,7 +64,7 @@ const DataSet& DataSetOf(std::string_view code) {
 }  // namespace
 
 void CommandHandlers::SetTrackData(std::string_view code) {
-  const Command& command = CommandOf(code);
+  const ConsoleCommand& command = CommandOf(code);
   const DataSet& data_set = DataSetOf(code);
   ShowHelp(command);
   const std::string sample =
@@ -90,7 +90,7 @@ std::string CommandHandlers::InputMagneticData(const std::string& title,
   return StrToHex(is_blank ? default_data : input, page_);
 }
 
-void CommandHandlers::WriteTracks(const Command& command) {
+void CommandHandlers::WriteTracks(const ConsoleCommand& command) {
   std::optional<std::int16_t> choice;
   do {
     choice = TypedInteger(
@@ -114,7 +114,7 @@ void CommandHandlers::WriteTracks(const Command& command) {
 }
 
 void CommandHandlers::Cmd31_Click() {
-  const Command& command = CommandOf("31");
+  const ConsoleCommand& command = CommandOf("31");
   // The send line is not set in here; that is meant.
   display_.SetText(Field::LblHints,
                    std::string(command.send) + "\r\n" + std::string(command.response));
@@ -123,7 +123,7 @@ void CommandHandlers::Cmd31_Click() {
 }
 
 void CommandHandlers::Cmd32_Click() {
-  const Command& command = CommandOf("32");
+  const ConsoleCommand& command = CommandOf("32");
   // The panels come first and the send line is not set in; both are meant.
   ShowPanels(command);
   display_.SetText(Field::LblHints,

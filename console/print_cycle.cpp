@@ -8,7 +8,7 @@
 namespace vantrel {
 
 void CommandHandlers::DischargeByMethod(std::string_view code) {
-  const Command& command = CommandOf(code);
+  const ConsoleCommand& command = CommandOf(code);
   ShowHelp(command);
   std::optional<std::int16_t> method;
   do {
@@ -37,7 +37,7 @@ void CommandHandlers::Cmd4A_Click() {
 }
 
 void CommandHandlers::Cmd4B_Click() {
-  const Command& command = CommandOf("4B");
+  const ConsoleCommand& command = CommandOf("4B");
   ShowHelp(command);
   // The start of a monochrome BMP file of 203 x 264 dots: a sample of how blocks are chained, not
   // the whole image.
@@ -58,7 +58,7 @@ void CommandHandlers::Cmd4B_Click() {
 }
 
 void CommandHandlers::Cmd50_Click() {
-  const Command& command = CommandOf("50");
+  const ConsoleCommand& command = CommandOf("50");
   ShowHelp(command);
   const Answer answer = dialogs_.MsgBox(
       "Press 'Y' to discharge the card completely => Non-Target Card\r\n"

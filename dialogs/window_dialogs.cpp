@@ -5,7 +5,14 @@
 #include <QLabel>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace vantrel {
+namespace {
+
+constexpr int kInputBoxWidth = 380;  // pixels; room for a title and a line of data
+
+}  // namespace
 
 Answer WindowDialogs::MsgBox(const std::string& prompt, Buttons buttons, const std::string& title,
                              Icon icon) {
@@ -59,6 +66,7 @@ std::string WindowDialogs::InputBox(const std::string& prompt, const std::string
     label->setBuddy(nullptr);
   }
   box.setLabelText(QString::fromStdString(prompt));
+  box.resize(std::max(kInputBoxWidth, box.sizeHint().width()), box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return {};
   return box.textValue().toStdString();
 }

@@ -52,7 +52,7 @@ void CardSlotView::Show(CardPlace place, CardKind kind, const Indicators& indica
 
 QSize CardSlotView::sizeHint() const { return kGrid.toSize(); }
 
-QSize CardSlotView::minimumSizeHint() const { return (kGrid * 0.7).toSize(); }
+QSize CardSlotView::minimumSizeHint() const { return (kGrid * 0.85).toSize(); }
 
 void CardSlotView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -100,6 +100,7 @@ void CardSlotView::DrawCard(QPainter& painter, const QRectF& card) const {
     painter.fillRect(QRectF(card.left(), card.top() + 12, card.width(), 16),
                      QColor(0x22, 0x22, 0x26));
   painter.setPen(QPen(QColor(0x14, 0x2c, 0x48), 1));
+  painter.setBrush(Qt::NoBrush);
   painter.drawPath(outline);
   painter.setPen(cleaning ? QColor(0x30, 0x38, 0x44) : QColor(Qt::white));
   painter.drawText(card.adjusted(10, 30, -10, -6), Qt::AlignCenter,

@@ -52,9 +52,9 @@ inline constexpr std::chrono::milliseconds kResetTime{500};
 // does what is the same.
 struct CommandRow {
   std::uint8_t code;
+  Need need;
   // Whether the data is one that the command takes; anything else is rejected with 10h.
   bool (*takes)(std::string_view data);
-  Need need;
   std::chrono::milliseconds duration;
   // Does the work, when its time is over, and says what to answer.
   Reply (*work)(PrinterState& state, const Command& command);

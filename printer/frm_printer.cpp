@@ -5,7 +5,9 @@
 #include "printer/printer_server.h"
 
 #include <QFontDatabase>
+#include <QFontMetrics>
 #include <QFormLayout>
+#include <QFrame>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -114,20 +116,44 @@ QWidget* FrmPrinter::MakeCardSide() {
 
 QWidget* FrmPrinter::MakeStateSide() {
   auto* group = new QGroupBox(tr("Printer"), this);
-  auto* rows = new QFormLayout(group);
-  rows->setRowWrapPolicy(QFormLayout::WrapAllRows);
-  rows->setVerticalSpacing(4);
-  AddRow(rows, tr("Device for the console"), "LblDevice")->setText(ToQt(server_.DevicePath()));
-  LblActivity = AddRow(rows, tr("State"), "LblActivity");
-  LblPlace = AddRow(rows, tr("Place of the card"), "LblPlace");
-  LblLED = AddRow(rows, tr("LED"), "LblLED");
-  LblBuzzer = AddRow(rows, tr("Buzzer"), "LblBuzzer");
-  LblTransportCount = AddRow(rows, tr("Transports"), "LblTransportCount");
-  LblPrintCount = AddRow(rows, tr("Prints"), "LblPrintCount");
+  LblActivity = MakeValue("LblActivity");
+  QFont large = LblActivity->font();
+  large.setPointSizeF(large.pointSizeF() * 1.3);
+  LblActivity->setFont(large);
+  // Room for two lines, so that nothing moves when a wait is told.
+  LblActivity->setMinimumHeight(2 * QFontMetrics(large).lineSpacing());
+  auto* line = new QFrame(group);
+  line->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+
+  LblPlace = MakeValue("LblPlace");
+  LblLED = MakeValue("LblLED");
+  LblBuzzer = MakeValue("LblBuzzer");
+  LblTransportCount = MakeValue("LblTransportCount");
+  LblPrintCount = MakeValue("LblPrintCount");
+  QLabel* device = MakeValue("LblDevice");
+  device->setText(ToQt(server_.DevicePath()));
+  device->setWordWrap(false);
+  auto* rows = new QFormLayout;
+  rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  rows->setHorizontalSpacing(20);
+  rows->setVerticalSpacing(10);
+  rows->addRow(tr("Device"), device);
+  rows->addRow(tr("Card"), LblPlace);
+  rows->addRow(tr("LED"), LblLED);
+  rows->addRow(tr("Buzzer"), LblBuzzer);
+  rows->addRow(tr("Transports"), LblTransportCount);
+  rows->addRow(tr("Prints"), LblPrintCount);
+
+  auto* layout = new QVBoxLayout(group);
+  layout->setSpacing(10);
+  layout->addWidget(LblActivity);
+  layout->addWidget(line);
+  layout->addLayout(rows);
+  layout->addStretch();
   return group;
 }
 
-QLabel* FrmPrinter::AddRow(QFormLayout* rows, const QString& title, const QString& name) {
+QLabel* FrmPrinter::MakeValue(const char* name) {
   auto* label = new QLabel(this);
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
@@ -136,7 +162,6 @@ QLabel* FrmPrinter::AddRow(QFormLayout* rows, const QString& title, const QStrin
   QFont bold = label->font();
   bold.setBold(true);
   label->setFont(bold);
-  rows->addRow(title, label);
   return label;
 }
 

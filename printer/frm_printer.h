@@ -7,7 +7,6 @@
 #include <array>
 
 class QByteArray;
-class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
@@ -33,7 +32,8 @@ class FrmPrinter : public QWidget {
   QWidget* MakeCardSide();
   QWidget* MakeStateSide();
   QWidget* MakeLog();
-  QLabel* AddRow(QFormLayout* rows, const QString& title, const QString& name);
+  // A label for a value of the state, bold and selectable.
+  QLabel* MakeValue(const char* name);
   void CmdInsertCard_Click();
   void CmdPullOutCard_Click();
   void Log(const QString& direction, const QByteArray& bytes);

@@ -69,14 +69,14 @@ Reply PrintCount(PrinterState& state, const Command&) {
 }
 
 constexpr CommandRow kRows[] = {
-    {0x58, IsEmpty, Need::kNothing, kNoTime, RomVersion},
-    {0x59, IsEmpty, Need::kNothing, kNoTime, StatusString},
-    {0x5A, IsControlData, Need::kNothing, kNoTime, SetIndicators},
-    {0x5B, IsZeroOrOne, Need::kNothing, kNoTime, SetCleaningButton},
-    {kResetCode, IsEmpty, Need::kNothing, kResetTime, Reset},
-    {0x91, IsSetting, Need::kNothing, kNoTime, StoreSetting},
-    {0x95, IsEmpty, Need::kNothing, kNoTime, TransportCount},
-    {0x96, IsEmpty, Need::kNothing, kNoTime, PrintCount},
+    {0x58, Need::kNothing, IsEmpty, kNoTime, RomVersion},
+    {0x59, Need::kNothing, IsEmpty, kNoTime, StatusString},
+    {0x5A, Need::kNothing, IsControlData, kNoTime, SetIndicators},
+    {0x5B, Need::kNothing, IsZeroOrOne, kNoTime, SetCleaningButton},
+    {kResetCode, Need::kNothing, IsEmpty, kResetTime, Reset},
+    {0x91, Need::kNothing, IsSetting, kNoTime, StoreSetting},
+    {0x95, Need::kNothing, IsEmpty, kNoTime, TransportCount},
+    {0x96, Need::kNothing, IsEmpty, kNoTime, PrintCount},
 };
 
 }  // namespace

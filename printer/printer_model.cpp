@@ -88,7 +88,7 @@ void PrinterModel::SetTrack(std::size_t track, std::string_view contents) {
 
 std::string PrinterModel::ActivityInWords() const {
   if (work_) return HexOf(work_->job.command.code) + "h is at work";
-  if (!waiting_) return "idle";
+  if (!waiting_) return "Idle";
   const std::string code = HexOf(waiting_->command.code) + "h";
   if (state_.wait == CardWait::kRemoval) return code + " waits for the card to be pulled out";
   if (waiting_->row->need == Need::kCleaningCard) return code + " waits for a cleaning card";

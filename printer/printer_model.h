@@ -63,7 +63,7 @@ class PrinterModel {
   const PrinterState& State() const { return state_; }
   // Whether a command is at work at this moment; its card is moving then.
   bool IsWorking() const { return work_.has_value(); }
-  // What the printer is doing: "idle", "21h waits for a card", "51h is at work" ...
+  // What the printer is doing: "Idle", "21h waits for a card", "51h is at work" ...
   std::string ActivityInWords() const;
 
  private:

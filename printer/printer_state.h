@@ -1,5 +1,7 @@
 #pragma once
 
+#include "printer/bitmap.h"
+
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -19,6 +21,8 @@ struct Card {
   // What each track holds, one character a byte; empty where nothing is recorded. A cleaning card
   // has no stripe: its tracks read as empty.
   std::array<std::string, kTracks> tracks;
+  // What is printed on it.
+  Bitmap face{kFaceWidth, kFaceHeight};
 };
 
 // Where the card is.
@@ -49,6 +53,8 @@ struct PrinterState {
   // track was blank, nothing where no card has passed since power-on or reset.
   std::array<std::optional<std::string>, kTracks> buffers;
   Indicators indicators;
+  // The print expansion buffer: what the next print puts on a card.
+  Bitmap print_image{kFaceWidth, kFaceHeight};
   bool cleaning_button = true;  // 5Bh
   std::string setting;          // the last text of 91h
   unsigned transports = 0;      // every move or pass of a card

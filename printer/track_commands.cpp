@@ -20,15 +20,15 @@ Reply ReadBuffer(PrinterState& state, const Command& command) {
 }
 
 constexpr CommandRow kRows[] = {
-    {0x21, IsEmpty, Need::kCardOrWait, kReadTime, ReadTrack},
-    {0x22, IsEmpty, Need::kCardOrWait, kReadTime, ReadTrack},
-    {0x23, IsEmpty, Need::kCardOrWait, kReadTime, ReadTrack},
-    {0x25, IsEmpty, Need::kTargetCard, kReadTime, ReadTrack},
-    {0x26, IsEmpty, Need::kTargetCard, kReadTime, ReadTrack},
-    {0x27, IsEmpty, Need::kTargetCard, kReadTime, ReadTrack},
-    {0x29, IsEmpty, Need::kBufferOrCard, kReadTime, ReadBuffer},
-    {0x2A, IsEmpty, Need::kBufferOrCard, kReadTime, ReadBuffer},
-    {0x2B, IsEmpty, Need::kBufferOrCard, kReadTime, ReadBuffer},
+    {0x21, Need::kCardOrWait, IsEmpty, kReadTime, ReadTrack},
+    {0x22, Need::kCardOrWait, IsEmpty, kReadTime, ReadTrack},
+    {0x23, Need::kCardOrWait, IsEmpty, kReadTime, ReadTrack},
+    {0x25, Need::kTargetCard, IsEmpty, kReadTime, ReadTrack},
+    {0x26, Need::kTargetCard, IsEmpty, kReadTime, ReadTrack},
+    {0x27, Need::kTargetCard, IsEmpty, kReadTime, ReadTrack},
+    {0x29, Need::kBufferOrCard, IsEmpty, kReadTime, ReadBuffer},
+    {0x2A, Need::kBufferOrCard, IsEmpty, kReadTime, ReadBuffer},
+    {0x2B, Need::kBufferOrCard, IsEmpty, kReadTime, ReadBuffer},
 };
 
 }  // namespace

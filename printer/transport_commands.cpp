@@ -38,12 +38,12 @@ Reply CancelRemovalWait(PrinterState& state, const Command&) {
 }
 
 constexpr CommandRow kRows[] = {
-    {0x50, IsZeroOrOne, Need::kTargetCard, kMoveTime, Discharge},
-    {0x51, IsEmpty, Need::kCardOrWait, kMoveTime, MoveToRear},
-    {0x52, IsEmpty, Need::kCleaningCard, kCleaningTime, Clean},
-    {0x53, IsEmpty, Need::kCardOrWait, kMoveTime, MoveToFront},
-    {0x54, IsEmpty, Need::kNothing, kNoTime, CancelInsertionWait},
-    {0x55, IsEmpty, Need::kNothing, kNoTime, CancelRemovalWait},
+    {0x50, Need::kTargetCard, IsZeroOrOne, kMoveTime, Discharge},
+    {0x51, Need::kCardOrWait, IsEmpty, kMoveTime, MoveToRear},
+    {0x52, Need::kCleaningCard, IsEmpty, kCleaningTime, Clean},
+    {0x53, Need::kCardOrWait, IsEmpty, kMoveTime, MoveToFront},
+    {0x54, Need::kNothing, IsEmpty, kNoTime, CancelInsertionWait},
+    {0x55, Need::kNothing, IsEmpty, kNoTime, CancelRemovalWait},
 };
 
 }  // namespace

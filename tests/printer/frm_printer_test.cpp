@@ -1,0 +1,138 @@
+#include "printer/frm_printer.h"
+
+#include "printer/printer_model.h"
+#include "printer/printer_server.h"
+#include "tests/printer/device_user.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <sys/ioctl.h>
+
+#include <stdexcept>
+
+namespace vantrel {
+namespace {
+
+class FrmPrinterTest : public testing::Test {
+ protected:
+  FrmPrinterTest() {
+    model_.SetInstantWork(true);
+    form_.show();
+  }
+
+  template <typename Widget>
+  Widget* Find(const char* name) {
+    auto* widget = form_.findChild<Widget*>(name);
+    if (widget == nullptr) throw std::runtime_error(name);
+    return widget;
+  }
+  QString Label(const char* name) { return Find<QLabel>(name)->text(); }
+  void Click(const char* name) { QTest::mouseClick(Find<QAbstractButton>(name), Qt::LeftButton); }
+  QString Log() { return Find<QPlainTextEdit>("TxtLog")->toPlainText(); }
+
+  PrinterModel model_;
+  PrinterServer server_{model_};
+  FrmPrinter form_{model_, server_};
+  DeviceUser console_{server_.DevicePath()};
+};
+
+TEST_F(FrmPrinterTest, ShowsTheDeviceAsSelectableText) {
+  EXPECT_EQ(Label("LblDevice").toStdString(), server_.DevicePath());
+  EXPECT_TRUE(Find<QLabel>("LblDevice")->textInteractionFlags() & Qt::TextSelectableByMouse);
+}
+
+TEST_F(FrmPrinterTest, PutsTheCardInAndPullsItOut) {
+  EXPECT_EQ(Label("LblPlace"), "outside");
+  EXPECT_FALSE(Find<QPushButton>("CmdPullOutCard")->isEnabled());
+  Click("CmdInsertCard");
+  EXPECT_EQ(Label("LblPlace"), "inserted at the front");
+  EXPECT_FALSE(Find<QPushButton>("CmdInsertCard")->isEnabled());
+  Click("CmdPullOutCard");
+  EXPECT_EQ(Label("LblPlace"), "outside");
+}
+
+TEST_F(FrmPrinterTest, LetsTheCardBeChangedOutsideAlone) {
+  Click("OptCard_1");
+  EXPECT_EQ(model_.State().card.kind, CardKind::kCleaning);
+  EXPECT_FALSE(Find<QLineEdit>("TxtTrack_1")->isEnabled());
+  Click("CmdInsertCard");
+  EXPECT_FALSE(Find<QRadioButton>("OptCard_0")->isEnabled());
+  Click("OptCard_0");
+  EXPECT_EQ(model_.State().card.kind, CardKind::kCleaning);
+}
+
+TEST_F(FrmPrinterTest, RecordsWhatIsTypedAndNothingThatATrackCannotHold) {
+  QTest::keyClicks(Find<QLineEdit>("TxtTrack_1"), "ABC");
+  auto* third = Find<QLineEdit>("TxtTrack_3");
+  QTest::keyClicks(third, "1");
+  QKeyEvent accented(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(0xE9)));
+  QApplication::sendEvent(third, &accented);
+  QTest::keyClicks(third, "2");
+  EXPECT_EQ(model_.State().card.tracks[0], "ABC");
+  EXPECT_EQ(model_.State().card.tracks[2], "12");
+}
+
+TEST_F(FrmPrinterTest, ShowsAWaitAndEndsItWithACard) {
+  model_.SetTrack(0, "ABC");
+  console_.Write("02 21 03 22");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblActivity") == "21h waits for a card"; }));
+  EXPECT_EQ(console_.Read(1), "06");
+  Click("CmdInsertCard");
+  // 02h 21h 20h "ABC" 03h and their block check.
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return Label("LblActivity") == "Idle" && Log().count('\n') == 2; }));
+  EXPECT_EQ(console_.Read(8), "02 21 20 41 42 43 03 42");
+  EXPECT_EQ(Label("LblPlace"), "inside");
+  EXPECT_EQ(Label("LblTransportCount"), "1");
+  EXPECT_EQ(Log(),
+            "received  02 21 03 22\n"
+            "sent      06\n"
+            "sent      02 21 20 41 42 43 03 42");
+}
+
+TEST_F(FrmPrinterTest, ShowsLedAndBuzzer) {
+  EXPECT_EQ(Label("LblLED"), "off");
+  // Buzzer on, orange, three cycles.
+  console_.Write("02 5A 31 33 34 03 6F");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblLED") == "3 cycles, orange"; }));
+  EXPECT_EQ(Label("LblBuzzer"), "on");
+}
+
+TEST_F(FrmPrinterTest, KeepsABoundedLogWithTheNewestAtItsEnd) {
+  for (int i = 0; i < 600; ++i) emit server_.Received(QByteArray(1, static_cast<char>(i % 256)));
+  EXPECT_EQ(Find<QPlainTextEdit>("TxtLog")->document()->blockCount(), 500);
+  // 599 is 57h, modulo 256.
+  EXPECT_TRUE(Log().endsWith("received  57"));
+  emit server_.Received(QByteArray(100000, 'A'));
+  EXPECT_TRUE(Log().endsWith("41 ... (100000 bytes)"));
+  EXPECT_LT(Log().size(), 20000);
+}
+
+TEST_F(FrmPrinterTest, ServesWorkThatTakesTime) {
+  model_.SetInstantWork(false);
+  Click("CmdInsertCard");
+  console_.Write("02 51 03 52");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblActivity") == "51h is at work"; }));
+  EXPECT_FALSE(Find<QPushButton>("CmdPullOutCard")->isEnabled());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblPlace") == "at the rear"; }));
+  EXPECT_EQ(console_.Read(6), "06 02 51 20 03 72");
+}
+
+TEST_F(FrmPrinterTest, EndsExclusiveUseByItself) {
+  ASSERT_EQ(ioctl(console_.Descriptor(), TIOCEXCL), 0);
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    int exclusive = 1;
+    return ioctl(console_.Descriptor(), TIOCGEXCL, &exclusive) == 0 && exclusive == 0;
+  }));
+}
+
+}  // namespace
+}  // namespace vantrel

@@ -1,0 +1,185 @@
+#include "tests/printer/device_user.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace vantrel {
+namespace {
+
+// The built program, as a process of its own.
+class PrinterProgram : public testing::Test {
+ protected:
+  ~PrinterProgram() override {
+    if (program_.state() == QProcess::NotRunning) return;
+    program_.kill();
+    program_.waitForFinished();
+  }
+
+  void Start(const QStringList& options) { program_.start(VANTREL_PRINTER_PROGRAM, options); }
+
+  // Starts it without a window and returns the device that its first line names.
+  std::string Serve(const QStringList& options = {}) {
+    Start(QStringList{"--headless"} + options);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (!program_.canReadLine() && elapsed.elapsed() < 10000 && program_.waitForReadyRead(1000))
+      continue;
+    return program_.readLine().trimmed().toStdString();
+  }
+
+  // Waits for its end and returns its status; -1 when it does not end of itself.
+  int End() {
+    const bool ended = program_.state() == QProcess::NotRunning || program_.waitForFinished(10000);
+    if (!ended || program_.exitStatus() != QProcess::NormalExit) return -1;
+    return program_.exitCode();
+  }
+
+  QProcess program_;
+  QTemporaryDir folder_;
+};
+
+TEST_F(PrinterProgram, ServesWithoutAWindowUntilItIsEnded) {
+  const DeviceUser console(Serve());
+  ASSERT_TRUE(console.IsOpen());
+  // The transport count is "0".
+  console.Write("02 95 03 96");
+  EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
+  program_.terminate();
+  EXPECT_EQ(End(), 0);
+}
+
+TEST_F(PrinterProgram, NeedsNoDisplayWithoutAWindow) {
+  auto environment = QProcessEnvironment::systemEnvironment();
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    environment.remove(name);
+  program_.setProcessEnvironment(environment);
+  EXPECT_TRUE(DeviceUser(Serve()).IsOpen());
+}
+
+TEST_F(PrinterProgram, SaysThatAWindowNeedsADisplay) {
+  auto environment = QProcessEnvironment::systemEnvironment();
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    environment.remove(name);
+  program_.setProcessEnvironment(environment);
+  Start({});
+  EXPECT_EQ(End(), 1);
+  EXPECT_EQ(program_.readAllStandardError(),
+            "vantrel-printer: there is no display for the window; --headless needs none.\n");
+}
+
+TEST_F(PrinterProgram, ServesWithAWindowToo) {
+  Start({"--instant"});
+  ASSERT_TRUE(program_.waitForReadyRead(10000));
+  const DeviceUser console(program_.readLine().trimmed().toStdString());
+  console.Write("02 95 03 96");
+  EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
+  program_.terminate();
+  EXPECT_EQ(End(), 0);
+}
+
+TEST_F(PrinterProgram, BeginsWithACardAtTheFrontAndNoWorkTime) {
+  const DeviceUser console(Serve({"--card", "--instant"}));
+  // Place 1, ordinary card 1, no wait, target 1; buzzer off, green, LED off; cleaning button on.
+  console.Write("02 59 03 5A");
+  EXPECT_EQ(console.Read(14), "06 02 59 20 31 31 30 31 30 31 30 31 03 7B");
+  // Track 2 of the card is "0123456789"; its digits cancel out but for 01h.
+  console.Write("02 22 03 21");
+  EXPECT_EQ(console.Read(16), "06 02 22 20 30 31 32 33 34 35 36 37 38 39 03 00");
+}
+
+TEST_F(PrinterProgram, ServesAConsoleThatComesAfterAnother) {
+  const std::string device = Serve();
+  for (int i = 0; i < 3; ++i) {
+    const DeviceUser console(device);
+    console.Write("02 54 03 57");
+    EXPECT_EQ(console.Read(6), "06 02 54 20 03 77");
+  }
+}
+
+TEST_F(PrinterProgram, KeepsServingWhenNobodyReads) {
+  const std::string device = Serve();
+  {
+    // More answers than a terminal holds.
+    const DeviceUser deaf(device);
+    for (int i = 0; i < 2000; ++i) deaf.Write("02 59 03 5A");
+  }
+  const DeviceUser console(device);
+  // An answer that comes while the device is still full is lost, so the console asks again.
+  bool answered = false;
+  for (int i = 0; i < 50 && !answered; ++i) {
+    console.Write("02 54 03 57");
+    answered = console.ReadsTo("06 02 54 20 03 77", 200);
+  }
+  EXPECT_TRUE(answered);
+}
+
+TEST_F(PrinterProgram, MakesALinkAndRemovesIt) {
+  const QString link = folder_.filePath("printer");
+  const std::string device = Serve({"--link", link});
+  EXPECT_EQ(QFile::symLinkTarget(link).toStdString(), device);
+  const DeviceUser console(link.toStdString());
+  console.Write("02 54 03 57");
+  EXPECT_EQ(console.Read(6), "06 02 54 20 03 77");
+  program_.terminate();
+  EXPECT_EQ(End(), 0);
+  EXPECT_FALSE(QFileInfo(link).isSymLink());
+}
+
+TEST_F(PrinterProgram, RefusesALinkWhereThereIsAFile) {
+  QFile file(folder_.filePath("printer"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  EXPECT_EQ(Serve({"--link", file.fileName()}), "");
+  EXPECT_EQ(End(), 1);
+  EXPECT_EQ(program_.readAllStandardError(),
+            "vantrel-printer: The link " + file.fileName().toUtf8() +
+                " was not made: there is something of that name already.\n");
+  EXPECT_TRUE(file.exists());
+}
+
+TEST_F(PrinterProgram, RefusesALinkThatCannotBeMade) {
+  Start({"--headless", "--link", folder_.filePath("missing/printer")});
+  EXPECT_EQ(End(), 1);
+  EXPECT_TRUE(program_.readAllStandardError().contains("No such file or directory"));
+}
+
+TEST_F(PrinterProgram, ExplainsEachOption) {
+  Start({"--help"});
+  EXPECT_EQ(End(), 0);
+  const QByteArray help = program_.readAllStandardOutput();
+  for (const char* text :
+       {"--help ", "Tells these options", "--version ", "Tells the version", "--headless ",
+        "Shows no window", "--link <PATH> ", "Makes the symbolic link PATH", "--card ",
+        "Starts with a card inserted at the front.", "--instant ", "take no time."}) {
+    EXPECT_TRUE(help.contains(text)) << text;
+  }
+}
+
+TEST_F(PrinterProgram, TellsItsVersion) {
+  Start({"--version"});
+  EXPECT_EQ(End(), 0);
+  EXPECT_EQ(program_.readAllStandardOutput(), "vantrel-printer 1.01\n");
+}
+
+TEST_F(PrinterProgram, RejectsWhatItDoesNotKnow) {
+  Start({"--speed"});
+  EXPECT_EQ(End(), 2);
+  EXPECT_TRUE(
+      program_.readAllStandardError().startsWith("vantrel-printer: Unknown option 'speed'.\n"));
+  Start({"COM1"});
+  EXPECT_EQ(End(), 2);
+  EXPECT_TRUE(
+      program_.readAllStandardError().startsWith("vantrel-printer: Unexpected argument 'COM1'.\n"));
+  Start({"--link"});
+  EXPECT_EQ(End(), 2);
+  EXPECT_TRUE(program_.readAllStandardError().contains("link"));
+}
+
+}  // namespace
+}  // namespace vantrel

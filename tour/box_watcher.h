@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+#include <QPointer>
+#include <QString>
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+
+namespace vantrel {
+
+// Answers the boxes and forms that open over the console, as a person would: each as it comes, by
+// its own buttons.
+class BoxWatcher {
+ public:
+  using Act = std::function<void(QDialog& box)>;
+
+  BoxWatcher();
+
+  // Adds what to do with the next box. It must close the box in the end, or let another act do so.
+  void Expect(Act act) { acts_.push_back(std::move(act)); }
+  // Whether every expected box has come.
+  bool IsDone() const { return acts_.empty(); }
+
+ private:
+  void Look();
+
+  QTimer timer_;
+  std::deque<Act> acts_;
+  QPointer<QDialog> seen_;
+};
+
+// Presses the button whose caption is `caption` ("&" left aside). Throws std::runtime_error when
+// there is none.
+void PressButton(QDialog& box, const QString& caption);
+// Types `text` over what the box's text field holds and presses OK.
+void TypeAndPressOk(QDialog& box, const QString& text);
+
+}  // namespace vantrel
