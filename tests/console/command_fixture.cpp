@@ -155,7 +155,7 @@ void RecordingSubForms::Show(const std::string& form) {
 }
 
 void CommandFixture::Press(std::string_view button) {
-  for (const Command& command : Commands()) {
+  for (const ConsoleCommand& command : Commands()) {
     if (command.button != button) continue;
     (handlers.*command.click)();
     return;

@@ -75,7 +75,7 @@ const std::vector<Button> kButtons = {
 
 TEST(CommandTable, Holds48ButtonsInOrderWithTheirCaptionsAndTags) {
   std::vector<Button> buttons;
-  for (const Command& command : Commands())
+  for (const ConsoleCommand& command : Commands())
     buttons.push_back(
         {std::string(command.button), std::string(command.caption), std::string(command.tag)});
   EXPECT_EQ(buttons.size(), 48U);
