@@ -80,11 +80,12 @@ void DigitBox::contextMenuEvent(QContextMenuEvent* event) {
     QLineEdit::contextMenuEvent(event);
     return;
   }
-  QMenu menu(this);
-  menu.addAction(tr("Copy"), this, &QLineEdit::copy)->setEnabled(hasSelectedText());
-  menu.addAction(tr("Paste"), this, &QLineEdit::paste);
-  menu.addAction(tr("Select All"), this, &QLineEdit::selectAll);
-  menu.exec(event->globalPos());
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction(tr("Copy"), this, &QLineEdit::copy)->setEnabled(hasSelectedText());
+  menu->addAction(tr("Paste"), this, &QLineEdit::paste);
+  menu->addAction(tr("Select All"), this, &QLineEdit::selectAll);
+  menu->popup(event->globalPos());
 }
 
 void DigitBox::mouseReleaseEvent(QMouseEvent* event) {
