@@ -16,7 +16,8 @@ constexpr int kPollingInterval = 10;  // milliseconds
 // Counts a call in and out, however it ends.
 class Transaction::Call {
  public:
-  explicit Call(Transaction& transaction) : transaction_(transaction) { ++transaction_.depth_; }
+  explicit Call(Transaction& transaction)
+      : transaction_(transaction), depth_(++transaction.depth_) {}
   ~Call() {
     --transaction_.depth_;
     transaction_.abandoned_depth_ = std::min(transaction_.abandoned_depth_, transaction_.depth_);
@@ -27,7 +28,7 @@ class Transaction::Call {
 
  private:
   Transaction& transaction_;
-  const int depth_ = transaction_.depth_;
+  const int depth_;  // 1 for the outermost call
 };
 
 Transaction::Transaction(Port& port, Display& display, Clock& clock, CodePage page)
