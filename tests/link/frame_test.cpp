@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace vantrel {
 namespace {
 
@@ -40,6 +42,15 @@ TEST(HexPair, IsZeroWhereNothingCanBeRead) {
 }
 
 TEST(HexPair, StopsAtTheFirstCharacterThatIsNoDigit) { EXPECT_EQ(HexPair("5z", 0), 5U); }
+
+TEST(HexPair, StaysWithin0And255SoThatFramingGivesDecToBinNothingElse) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  unsigned expected = 0;
+  for (int high = 0; high < 16; ++high)
+    for (int low = 0; low < 16; ++low)
+      EXPECT_EQ(HexPair(std::string{kDigits[high], kDigits[low]}, 0), expected++);
+  EXPECT_EQ(HexPair("FFFF", 0), 255U);
+}
 
 TEST(HexTextOf, WritesTheBytesInOrder) {
   EXPECT_EQ(HexTextOf({0x02, 0x21, 0x03, 0x22}), "02210322");

@@ -78,6 +78,24 @@ TEST_F(TransactionTest, DeviceLostWhileACommandBeginsEndsItBeforeItsFrameIsShown
   ExpectReadyAgain();
 }
 
+TEST_F(TransactionTest, DeviceLostJustBeforeTheWriteIsReportedAsLost) {
+  clock.InYield(2, [this] { port.Lose(); });
+  try {
+    Send21();
+    FAIL() << "The loss was not reported.";
+  } catch (const PortError& error) {
+    EXPECT_THAT(error.what(), StartsWith("COM 1 is gone: Input/output error"));
+  }
+  EXPECT_EQ(display.Text(Field::TxtSyntax), "02 21 03 22 ");
+  ExpectReadyAgain();
+}
+
+TEST_F(TransactionTest, AbandonJustBeforeTheWriteSendsNothing) {
+  clock.InYield(2, [this] { transaction.Abandon(); });
+  EXPECT_THROW(Send21(), ExchangeEnded);
+  EXPECT_THAT(port.Writes(), IsEmpty());
+}
+
 TEST_F(TransactionTest, DeviceLostDuringANestedWaitIsReportedByTheInnermostCallAlone) {
   FillPanels();
   SendAt(15, kFrame54);

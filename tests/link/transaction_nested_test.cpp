@@ -146,5 +146,18 @@ TEST_F(TransactionTest, CommandRunInTheFirstYieldIsOverBeforeTheOuterOneShowsAny
   EXPECT_EQ(display.Text(Field::TxtCommand), "21");
 }
 
+TEST_F(TransactionTest, CommandRunInTheSecondYieldLeavesItsReplyToTheOuterOne) {
+  // The outer frame is shown but not yet written then; it goes out behind the nested one, while the
+  // boxes keep showing the nested one.
+  clock.InYield(2, [this] { transaction.SendCommand(kFrame54, 5000); });
+  ReceiveAt(5, "10");
+  Send21();
+  EXPECT_THAT(port.Writes(), ElementsAre("02540357", "02210322"));
+  EXPECT_EQ(display.Text(Field::TxtSyntax), "02 54 03 57 ");
+  EXPECT_EQ(Response(), "&H10: Reject Response");
+  EXPECT_EQ(clock.Now(), 20);
+  ExpectReadyAgain();
+}
+
 }  // namespace
 }  // namespace vantrel

@@ -58,7 +58,7 @@ TEST_F(TransactionTest, LooksForAReplyEveryTenMilliseconds) {
 }
 
 TEST_F(TransactionTest, DiscardsWhatTheLineHeldBeforeTheCommand) {
-  ReceiveAt(0, kReply54);
+  port.Receive("10");
   port.ReceiveUnnoticed("0707");
   ReceiveAt(5, kReply21);
   Send21();

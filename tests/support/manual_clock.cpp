@@ -45,8 +45,10 @@ void ManualClock::Stop(Timer timer) {
 
 void ManualClock::Yield() {
   Note(log_, "Yield");
+  const auto scripted = in_yield_.find(++yields_);
   while (RunNext(now_)) {
   }
+  if (scripted != in_yield_.end()) Deliver(scripted->second);
 }
 
 void ManualClock::WaitForEvents() {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vantrel {
@@ -31,6 +32,9 @@ class ManualClock : public Clock {
   void At(int milliseconds, Event event);
   // Scripts an event for `milliseconds` from now.
   void After(int milliseconds, Event event) { At(now_ + milliseconds, std::move(event)); }
+  // Scripts an event for the yield of that number, counted from 1 over the clock's life; it runs
+  // after what was due anyway.
+  void InYield(int number, Event event) { in_yield_[number] = std::move(event); }
   // Moves the time forward and runs what comes due on the way.
   void Advance(int milliseconds);
 
@@ -70,6 +74,8 @@ class ManualClock : public Clock {
   int now_ = 0;
   int made_ = 0;
   std::map<Due, Event> events_;
+  std::map<int, Event> in_yield_;
+  int yields_ = 0;
   std::map<Timer, Due> timers_;
   std::map<Timer, int> ticks_;
   std::vector<std::string> port_errors_;
