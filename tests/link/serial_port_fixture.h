@@ -6,6 +6,8 @@
 #include <QString>
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -58,8 +60,9 @@ class SerialPortTest : public testing::Test {
   }
 
   PseudoTerminal terminal;
-  SerialPort port{
-      [this](int number) { return number == 1 ? terminal.Device() : "/dev/vantrel-missing"; }};
+  // Named after this process, because the name is locked before it is found missing.
+  const std::string missing = "/dev/vantrel-missing-" + std::to_string(getpid());
+  SerialPort port{[this](int number) { return number == 1 ? terminal.Device() : missing; }};
   Ears ears{port};
 };
 

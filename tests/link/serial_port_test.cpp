@@ -164,7 +164,7 @@ TEST_F(SerialPortTest, ClosedPortRefusesOutput) {
 TEST_F(SerialPortTest, MissingDeviceSaysThatThereIsNone) {
   port.SetCommPort(2);
   EXPECT_THAT(OpenFailureOf(port),
-              AllOf(StartsWith("COM 2 (/dev/vantrel-missing) cannot be opened: "),
+              AllOf(StartsWith("COM 2 (" + missing + ") cannot be opened: "),
                     HasSubstr("\r\n\r\nThere is no such device. Connect the printer, then ")));
   EXPECT_FALSE(port.IsOpen());
 }
@@ -172,7 +172,7 @@ TEST_F(SerialPortTest, MissingDeviceSaysThatThereIsNone) {
 TEST_F(SerialPortTest, LinkToAMissingDeviceIsNamedItself) {
   const QTemporaryDir directory;
   const std::string link = directory.filePath("printer").toStdString();
-  std::filesystem::create_symlink("/dev/vantrel-missing", link);
+  std::filesystem::create_symlink(missing, link);
   SerialPort linked([&link](int) { return link; });
   EXPECT_THAT(OpenFailureOf(linked), AllOf(StartsWith("COM 1 (" + link + ") cannot be opened: "),
                                            HasSubstr("There is no such device.")));
@@ -189,9 +189,7 @@ TEST_F(SerialPortTest, WhatIsNoSerialDeviceIsRefused) {
 }
 
 TEST_F(SerialPortTest, ChoosingCom2ThenASpeedOpensPort2) {
-  SerialPort other([this](int number) {
-    return number == 2 ? terminal.Device() : std::string("/dev/vantrel-missing");
-  });
+  SerialPort other([this](int number) { return number == 2 ? terminal.Device() : missing; });
   other.SetCommPort(2);
   EXPECT_FALSE(other.IsOpen());
   other.SetSettings("9600,N,8,1");

@@ -27,6 +27,11 @@ PseudoTerminal::PseudoTerminal() {
   device_ = name.data();
 }
 
+PseudoTerminal::~PseudoTerminal() {
+  Vanish();
+  close(console_);
+}
+
 void PseudoTerminal::Send(std::string_view hex) const {
   const Bytes bytes = BytesOf(hex);
   EXPECT_EQ(write(printer_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
@@ -68,8 +73,7 @@ bool PseudoTerminal::Is8N1() const {
 }
 
 void PseudoTerminal::Vanish() {
-  for (int* descriptor : {&printer_, &console_})
-    if (*descriptor >= 0) close(std::exchange(*descriptor, -1));
+  if (printer_ >= 0) close(std::exchange(printer_, -1));
 }
 
 }  // namespace vantrel

@@ -11,7 +11,7 @@ class PseudoTerminal {
  public:
   // Throws std::system_error where the system gives none.
   PseudoTerminal();
-  ~PseudoTerminal() { Vanish(); }
+  ~PseudoTerminal();
   PseudoTerminal(const PseudoTerminal&) = delete;
   PseudoTerminal& operator=(const PseudoTerminal&) = delete;
 
@@ -31,7 +31,9 @@ class PseudoTerminal {
   unsigned Speed() const;
   // Whether the line is set to 8 data bits, no parity and 1 stop bit.
   bool Is8N1() const;
-  // The device goes away.
+  // The device goes away. Its name stays taken until the terminal is destroyed, so that no test
+  // that runs beside this one gets a device whose lock a port here still holds: destroy the port
+  // first.
   void Vanish();
 
  private:
