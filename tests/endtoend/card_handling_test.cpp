@@ -3,6 +3,8 @@
 
 #include "tests/support/console_fixture.h"
 
+#include <ostream>
+
 namespace vantrel {
 namespace {
 
@@ -15,6 +17,8 @@ struct Fixed {
   const char* reply;
   const char* meaning;
 };
+
+void PrintTo(const Fixed& row, std::ostream* out) { *out << row.button; }
 
 class FixedCommandTest : public ConsoleTest, public testing::WithParamInterface<Fixed> {};
 

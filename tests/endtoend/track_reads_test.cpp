@@ -3,6 +3,8 @@
 
 #include "tests/support/console_fixture.h"
 
+#include <ostream>
+
 namespace vantrel {
 namespace {
 
@@ -15,6 +17,8 @@ struct TrackRead {
   const char* reply;  // with the data "ABC"
   const char* label;
 };
+
+void PrintTo(const TrackRead& row, std::ostream* out) { *out << row.button; }
 
 class TrackReadTest : public ConsoleTest, public testing::WithParamInterface<TrackRead> {};
 

@@ -34,7 +34,7 @@ class SerialExchangeTest : public testing::Test {
   }
   std::string Response() const { return display.Text(Field::TxtResponse); }
 
-  PseudoTerminal terminal;
+  TestTerminal terminal;
   SerialPort port{[this](int) { return terminal.Device(); }};
   EventLoopClock clock;
   FakeDisplay display;

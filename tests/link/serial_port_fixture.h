@@ -1,7 +1,7 @@
 #pragma once
 
 #include "link/serial_port.h"
-#include "tests/support/pseudo_terminal.h"
+#include "tests/support/test_terminal.h"
 
 #include <QString>
 #include <gtest/gtest.h>
@@ -59,7 +59,7 @@ class SerialPortTest : public testing::Test {
     return "";
   }
 
-  PseudoTerminal terminal;
+  TestTerminal terminal;
   // Named after this process, because the name is locked before it is found missing.
   const std::string missing = "/dev/vantrel-missing-" + std::to_string(getpid());
   SerialPort port{[this](int number) { return number == 1 ? terminal.Device() : missing; }};

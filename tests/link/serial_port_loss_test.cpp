@@ -92,7 +92,7 @@ TEST_F(SerialPortTest, OpensTheNextDeviceAfterALoss) {
   port.Open();
   terminal.Vanish();
   ASSERT_TRUE(QTest::qWaitFor([this] { return !ears.losses.empty(); }, 1000));
-  const PseudoTerminal next;
+  const TestTerminal next;
   SerialPort again([&next](int) { return next.Device(); });
   Ears again_ears(again);
   again.Open();

@@ -1,4 +1,4 @@
-#include "tests/support/pseudo_terminal.h"
+#include "tests/support/test_terminal.h"
 
 #include "link/frame.h"
 
@@ -17,7 +17,7 @@
 
 namespace vantrel {
 
-PseudoTerminal::PseudoTerminal() {
+TestTerminal::TestTerminal() {
   std::array<char, 128> name = {};
   termios raw = {};
   cfmakeraw(&raw);
@@ -27,17 +27,17 @@ PseudoTerminal::PseudoTerminal() {
   device_ = name.data();
 }
 
-PseudoTerminal::~PseudoTerminal() {
+TestTerminal::~TestTerminal() {
   Vanish();
   close(console_);
 }
 
-void PseudoTerminal::Send(std::string_view hex) const {
+void TestTerminal::Send(std::string_view hex) const {
   const Bytes bytes = BytesOf(hex);
   EXPECT_EQ(write(printer_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
-std::string PseudoTerminal::Received(std::size_t bytes) const {
+std::string TestTerminal::Received(std::size_t bytes) const {
   std::string hex;
   pollfd descriptor = {printer_, POLLIN, 0};
   while (poll(&descriptor, 1, hex.size() / 2 < bytes ? 1000 : 0) > 0) {
@@ -50,13 +50,13 @@ std::string PseudoTerminal::Received(std::size_t bytes) const {
   return hex;
 }
 
-int PseudoTerminal::Unread() const {
+int TestTerminal::Unread() const {
   int count = 0;
   ioctl(console_, FIONREAD, &count);
   return count;
 }
 
-unsigned PseudoTerminal::Speed() const {
+unsigned TestTerminal::Speed() const {
   termios line = {};
   tcgetattr(console_, &line);
   const std::pair<speed_t, unsigned> speeds[] = {
@@ -66,13 +66,13 @@ unsigned PseudoTerminal::Speed() const {
   return 0;
 }
 
-bool PseudoTerminal::Is8N1() const {
+bool TestTerminal::Is8N1() const {
   termios line = {};
   tcgetattr(console_, &line);
   return (line.c_cflag & (CSIZE | PARENB | CSTOPB)) == CS8;
 }
 
-void PseudoTerminal::Vanish() {
+void TestTerminal::Vanish() {
   if (printer_ >= 0) close(std::exchange(printer_, -1));
 }
 

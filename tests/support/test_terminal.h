@@ -7,13 +7,13 @@ namespace vantrel {
 
 // The printer's end of a raw pseudo-terminal. It holds a handle to the other end, too, so that a
 // console's closing does not end it.
-class PseudoTerminal {
+class TestTerminal {
  public:
   // Throws std::system_error where the system gives none.
-  PseudoTerminal();
-  ~PseudoTerminal();
-  PseudoTerminal(const PseudoTerminal&) = delete;
-  PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+  TestTerminal();
+  ~TestTerminal();
+  TestTerminal(const TestTerminal&) = delete;
+  TestTerminal& operator=(const TestTerminal&) = delete;
 
   // The path of the device that a console opens.
   const std::string& Device() const { return device_; }
