@@ -49,6 +49,7 @@ Reply SetCleaningButton(PrinterState& state, const Command& command) {
 // The card, the counters and the stored settings stay; the waits have ended before.
 Reply Reset(PrinterState& state, const Command&) {
   state.buffers = {};
+  state.presets = {};
   state.indicators = {};
   return {};
 }

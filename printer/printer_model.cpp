@@ -86,6 +86,16 @@ void PrinterModel::SetTrack(std::size_t track, std::string_view contents) {
   if (change_) change_();
 }
 
+void PrinterModel::SetSeries(Series series) {
+  state_.series = series;
+  if (change_) change_();
+}
+
+void PrinterModel::SetCaseParts(bool fitted) {
+  state_.case_parts = fitted;
+  if (change_) change_();
+}
+
 std::string PrinterModel::ActivityInWords() const {
   if (work_) return HexOf(work_->job.command.code) + "h is at work";
   if (!waiting_) return "Idle";
@@ -102,7 +112,7 @@ void PrinterModel::Accept(const Arrival& arrival, Moment now) {
     job.command.data.assign(arrival.content.begin() + 1, arrival.content.end());
     job.row = FindCommand(job.command.code);
   }
-  if (job.row == nullptr || !job.row->takes(job.command.data)) {
+  if (job.row == nullptr || !IsTaken(*job.row, job.command)) {
     chunk_.push_back(kRejected);
     return;
   }
@@ -124,6 +134,10 @@ void PrinterModel::Accept(const Arrival& arrival, Moment now) {
     Begin(std::move(job), now);
   }
   acknowledging_ = false;
+}
+
+bool PrinterModel::IsTaken(const CommandRow& row, const Command& command) const {
+  return row.takes(command.data) && (row.fits == nullptr || row.fits(state_, command));
 }
 
 // What a person was to do for an earlier command has no meaning any more once this one begins.

@@ -57,6 +57,9 @@ class PrinterModel {
   // holds (all but 01h and 04h to 7Eh) are left out, what is longer than the track is cut off.
   void SetTrack(std::size_t track, std::string_view contents);
 
+  // How the printer is made and fitted: a QL-7 without the case accessory parts at start.
+  void SetSeries(Series series);
+  void SetCaseParts(bool fitted);
   // Whether every command's work takes no time; false at start.
   void SetInstantWork(bool instant) { instant_ = instant; }
 
@@ -78,6 +81,7 @@ class PrinterModel {
   enum class Step { kWork, kInstantWork, kRefuse, kAwaitInsertion, kAwaitRemoval };
 
   void Accept(const Arrival& arrival, Moment now);
+  bool IsTaken(const CommandRow& row, const Command& command) const;
   void Begin(Job job, Moment now);
   void BeginNext(Moment now);
   void DoDueWork(Moment now);

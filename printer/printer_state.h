@@ -25,6 +25,9 @@ struct Card {
   Bitmap face{kFaceWidth, kFaceHeight};
 };
 
+// The two series of the printer: a QL-7 writes all three tracks, a QL-8 the third alone.
+enum class Series { kQl7, kQl8 };
+
 // Where the card is.
 enum class CardPlace {
   kOutside,
@@ -52,12 +55,17 @@ struct PrinterState {
   // What the last pass of a card under the head left in each track buffer; an empty text where the
   // track was blank, nothing where no card has passed since power-on or reset.
   std::array<std::optional<std::string>, kTracks> buffers;
+  // What 35h to 3Dh have loaded for each track, in the order in which the head would read it;
+  // nothing once it is written or the printer is reset.
+  std::array<std::optional<std::string>, kTracks> presets;
   Indicators indicators;
   // The print expansion buffer: what the next print puts on a card.
   Bitmap print_image{kFaceWidth, kFaceHeight};
   bool cleaning_button = true;  // 5Bh
   std::string setting;          // the last text of 91h
-  unsigned transports = 0;      // every move or pass of a card
+  Series series = Series::kQl7;
+  bool case_parts = false;  // the case accessory parts, which close the back, are fitted
+  unsigned transports = 0;  // every move or pass of a card
   unsigned prints = 0;
 
   // Whether a command that needs a card finds one.
