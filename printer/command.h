@@ -21,6 +21,7 @@ namespace status {
 inline constexpr std::uint8_t kNormal = 0x20;
 inline constexpr std::uint8_t kNoTargetCard = 0x22;
 inline constexpr std::uint8_t kNoStripe = 0x23;
+inline constexpr std::uint8_t kWritingError = 0x37;
 }  // namespace status
 
 struct Reply {
@@ -45,6 +46,9 @@ enum class Need {
 inline constexpr std::chrono::milliseconds kNoTime{0};
 inline constexpr std::chrono::milliseconds kMoveTime{400};
 inline constexpr std::chrono::milliseconds kReadTime{700};
+inline constexpr std::chrono::milliseconds kWriteTime{1500};
+inline constexpr std::chrono::milliseconds kEraseTime{1500};
+inline constexpr std::chrono::milliseconds kPrintTime{2500};
 inline constexpr std::chrono::milliseconds kCleaningTime{3000};
 inline constexpr std::chrono::milliseconds kResetTime{500};
 
@@ -58,6 +62,9 @@ struct CommandRow {
   std::chrono::milliseconds duration;
   // Does the work, when its time is over, and says what to answer.
   Reply (*work)(PrinterState& state, const Command& command);
+  // Whether the printer as it is made and fitted takes this data, which `takes` has let through;
+  // anything else is rejected with 10h. Null where every printer takes it.
+  bool (*fits)(const PrinterState& state, const Command& command) = nullptr;
 };
 
 // The row of a code; null for a code that the printer does not take.
@@ -65,6 +72,8 @@ const CommandRow* FindCommand(std::uint8_t code);
 
 // The groups, each in a file of its own.
 std::span<const CommandRow> TrackCommands();
+std::span<const CommandRow> MagneticCommands();
+std::span<const CommandRow> CycleCommands();
 std::span<const CommandRow> TransportCommands();
 std::span<const CommandRow> MaintenanceCommands();
 

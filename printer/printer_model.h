@@ -57,13 +57,21 @@ class PrinterModel {
   // holds (all but 01h and 04h to 7Eh) are left out, what is longer than the track is cut off.
   void SetTrack(std::size_t track, std::string_view contents);
 
+  // The power switch; on at start. Off, the printer ends everything it does without an answer,
+  // hears nothing and shows nothing; a hand still reaches the card. Switched on, everything is as
+  // at the start but for the card and its place, the counters, and what 5Bh and 91h have stored:
+  // that comes into force.
+  void SetPower(bool on, Moment now);
+  // How the printer is made and fitted: a QL-7 without the case accessory parts at start.
+  void SetSeries(Series series);
+  void SetCaseParts(bool fitted);
   // Whether every command's work takes no time; false at start.
   void SetInstantWork(bool instant) { instant_ = instant; }
 
   const PrinterState& State() const { return state_; }
   // Whether a command is at work at this moment; its card is moving then.
   bool IsWorking() const { return work_.has_value(); }
-  // What the printer is doing: "Idle", "21h waits for a card", "51h is at work" ...
+  // What the printer is doing: "Idle", "Switched off", "21h waits for a card", "51h is at work" ...
   std::string ActivityInWords() const;
 
  private:
@@ -77,7 +85,10 @@ class PrinterModel {
   };
   enum class Step { kWork, kInstantWork, kRefuse, kAwaitInsertion, kAwaitRemoval };
 
+  // What time alone has brought about by `now`.
+  void LetTimePass(Moment now);
   void Accept(const Arrival& arrival, Moment now);
+  bool IsTaken(const CommandRow& row, const Command& command) const;
   void Begin(Job job, Moment now);
   void BeginNext(Moment now);
   void DoDueWork(Moment now);
