@@ -3,7 +3,8 @@
 namespace vantrel {
 
 const CommandRow* FindCommand(std::uint8_t code) {
-  for (const auto group : {TrackCommands(), TransportCommands(), MaintenanceCommands()}) {
+  for (const auto group : {TrackCommands(), TransportCommands(), MaintenanceCommands(),
+                           PrintBufferCommands(), ImageCommands()}) {
     for (const CommandRow& row : group) {
       if (row.code == code) return &row;
     }

@@ -21,6 +21,8 @@ namespace status {
 inline constexpr std::uint8_t kNormal = 0x20;
 inline constexpr std::uint8_t kNoTargetCard = 0x22;
 inline constexpr std::uint8_t kNoStripe = 0x23;
+inline constexpr std::uint8_t kNoMonochromeBmp = 0x4C;
+inline constexpr std::uint8_t kOverflow = 0x51;
 }  // namespace status
 
 struct Reply {
@@ -58,6 +60,9 @@ struct CommandRow {
   std::chrono::milliseconds duration;
   // Does the work, when its time is over, and says what to answer.
   Reply (*work)(PrinterState& state, const Command& command);
+  // Whether the printer as it is made and fitted takes this data, which `takes` has let through;
+  // anything else is rejected with 10h. Null where every printer takes it.
+  bool (*fits)(const PrinterState& state, const Command& command) = nullptr;
 };
 
 // The row of a code; null for a code that the printer does not take.
@@ -67,6 +72,8 @@ const CommandRow* FindCommand(std::uint8_t code);
 std::span<const CommandRow> TrackCommands();
 std::span<const CommandRow> TransportCommands();
 std::span<const CommandRow> MaintenanceCommands();
+std::span<const CommandRow> PrintBufferCommands();
+std::span<const CommandRow> ImageCommands();
 
 // For `takes` of a command without data.
 bool IsEmpty(std::string_view data);

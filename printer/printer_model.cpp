@@ -102,7 +102,7 @@ void PrinterModel::Accept(const Arrival& arrival, Moment now) {
     job.command.data.assign(arrival.content.begin() + 1, arrival.content.end());
     job.row = FindCommand(job.command.code);
   }
-  if (job.row == nullptr || !job.row->takes(job.command.data)) {
+  if (job.row == nullptr || !IsTaken(*job.row, job.command)) {
     chunk_.push_back(kRejected);
     return;
   }
@@ -124,6 +124,10 @@ void PrinterModel::Accept(const Arrival& arrival, Moment now) {
     Begin(std::move(job), now);
   }
   acknowledging_ = false;
+}
+
+bool PrinterModel::IsTaken(const CommandRow& row, const Command& command) const {
+  return row.takes(command.data) && (row.fits == nullptr || row.fits(state_, command));
 }
 
 // What a person was to do for an earlier command has no meaning any more once this one begins.

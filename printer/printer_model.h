@@ -78,6 +78,7 @@ class PrinterModel {
   enum class Step { kWork, kInstantWork, kRefuse, kAwaitInsertion, kAwaitRemoval };
 
   void Accept(const Arrival& arrival, Moment now);
+  bool IsTaken(const CommandRow& row, const Command& command) const;
   void Begin(Job job, Moment now);
   void BeginNext(Moment now);
   void DoDueWork(Moment now);
