@@ -4,6 +4,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <optional>
 #include <stdexcept>
 
 namespace vantrel {
@@ -57,6 +58,28 @@ std::size_t CharacterLength(std::string_view text) {
   return length;
 }
 
+// Whether a byte begins a character of two.
+bool IsLeadByte(unsigned char byte, CodePage page) {
+  switch (page) {
+    case CodePage::kWestern:
+      return false;
+    case CodePage::kJapanese:
+      return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+    default:
+      return byte >= 0x81 && byte <= 0xFE;
+  }
+}
+
+// The character that a converter to UTF-32LE makes of one or two bytes; nothing where it is none.
+std::optional<char32_t> CharacterOf(Converter& converter, std::string_view bytes) {
+  std::string units;
+  if (converter.Convert(bytes, units) != bytes.size() || units.size() < 4) return std::nullopt;
+  char32_t character = 0;
+  for (std::size_t i = 4; i > 0; --i)
+    character = character << 8 | static_cast<unsigned char>(units[i - 1]);
+  return character;
+}
+
 bool StartsWith(std::string_view text, std::string_view start) { return text.starts_with(start); }
 
 }  // namespace
@@ -108,6 +131,29 @@ std::string DecodeBytes(std::string_view bytes, CodePage page) {
     }
   }
   return utf8;
+}
+
+std::vector<CodedCharacter> DecodeCharacters(std::string_view bytes, CodePage page) {
+  constexpr unsigned char kLowestTrailByte = 0x40;
+  constexpr char32_t kReplacement = 0xFFFD;
+  std::optional<Converter> converter;  // plain ASCII needs none
+  std::vector<CodedCharacter> characters;
+  characters.reserve(bytes.size());
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const auto code = static_cast<unsigned char>(bytes[i]);
+    if (code < 0x80) {
+      characters.push_back({code, 1});
+      continue;
+    }
+    if (!converter) converter.emplace("UTF-32LE", NameOf(page));
+    const bool pair = IsLeadByte(code, page) && i + 1 < bytes.size() &&
+                      static_cast<unsigned char>(bytes[i + 1]) >= kLowestTrailByte;
+    const std::size_t length = pair ? 2 : 1;
+    const auto character = CharacterOf(*converter, bytes.substr(i, length));
+    characters.push_back({character.value_or(pair ? kReplacement : code), pair ? 2 : 1});
+    i += length - 1;
+  }
+  return characters;
 }
 
 }  // namespace vantrel

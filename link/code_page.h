@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vantrel {
 
@@ -32,5 +33,18 @@ std::string EncodeText(std::string_view utf8, CodePage page);
 // is one, else the character U+0000 to U+00FF of the byte's value. Throws std::runtime_error where
 // the system lacks the code page.
 std::string DecodeBytes(std::string_view bytes, CodePage page);
+
+// One character of coded text.
+struct CodedCharacter {
+  char32_t character = 0;  // U+FFFD where the code page has none
+  int bytes = 1;           // how many bytes it took, 1 or 2
+
+  bool operator==(const CodedCharacter&) const = default;
+};
+
+// Splits bytes into the characters of a code page, those of two bytes included. A single byte that
+// is none becomes the character U+0000 to U+00FF of its value. Throws std::runtime_error where the
+// system lacks the code page.
+std::vector<CodedCharacter> DecodeCharacters(std::string_view bytes, CodePage page);
 
 }  // namespace vantrel

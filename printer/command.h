@@ -22,6 +22,8 @@ inline constexpr std::uint8_t kNormal = 0x20;
 inline constexpr std::uint8_t kNoTargetCard = 0x22;
 inline constexpr std::uint8_t kNoStripe = 0x23;
 inline constexpr std::uint8_t kWritingError = 0x37;
+inline constexpr std::uint8_t kNoMonochromeBmp = 0x4C;
+inline constexpr std::uint8_t kOverflow = 0x51;
 }  // namespace status
 
 struct Reply {
@@ -76,6 +78,8 @@ std::span<const CommandRow> MagneticCommands();
 std::span<const CommandRow> CycleCommands();
 std::span<const CommandRow> TransportCommands();
 std::span<const CommandRow> MaintenanceCommands();
+std::span<const CommandRow> PrintBufferCommands();
+std::span<const CommandRow> ImageCommands();
 
 // For `takes` of a command without data.
 bool IsEmpty(std::string_view data);

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "link/code_page.h"
 #include "printer/bitmap.h"
+#include "printer/bmp_file.h"
 #include "printer/indicators.h"
 #include "printer/moment.h"
 
@@ -42,6 +44,19 @@ enum class CardPlace {
 // What the command under way waits for a person to do.
 enum class CardWait { kNone, kInsertion, kRemoval };
 
+inline constexpr std::size_t kRegisters = 16;
+
+// What a console has registered for expansion into the print expansion buffer.
+struct PrintRegisters {
+  // External characters of 44h (24 x 24 or 16 x 16 dots) and 45h (12 x 24 or 8 x 16).
+  std::array<std::optional<Bitmap>, kRegisters> double_byte_characters;
+  std::array<std::optional<Bitmap>, kRegisters> single_byte_characters;
+  // Internal image data 2: the BMP files of 4Bh as far as they came, and the one that a
+  // continuation block goes to.
+  std::array<BmpFile, kRegisters> images;
+  std::optional<std::size_t> open_image;
+};
+
 // Everything that commands read and change.
 struct PrinterState {
   Card card;
@@ -56,6 +71,10 @@ struct PrinterState {
   Indicators indicators;
   // The print expansion buffer: what the next print puts on a card.
   Bitmap print_image{kFaceWidth, kFaceHeight};
+  // What 43h and 4Dh have expanded; it is in print_image too, and stays there when 40h clears that.
+  Bitmap image_data{kFaceWidth, kFaceHeight};
+  PrintRegisters registers;
+  CodePage code_page = SystemCodePage();  // of the text of 41h
   bool power = true;
   // The moment of the work under way.
   Moment now{0};

@@ -1,9 +1,9 @@
 # Sourced by run.sh, test.sh and .ci/run: makes sure that Debian packages are installed.
 
 # The compiler, the build tools and the libraries that the programs need.
-BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev)
-# What a window needs to run and to show text.
-RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback)
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libfreetype-dev libzint-dev)
+# What a window needs to run and to show text, and the fonts of the printed cards.
+RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback fonts-terminus-otb fonts-unifont)
 TEST_PACKAGES=(libgtest-dev libgmock-dev)
 CHECK_PACKAGES=(clang-format)
 

@@ -1,0 +1,266 @@
+#include "printer/barcode.h"
+
+#include "printer/fields.h"
+#include "printer/fonts.h"
+#include "printer/page.h"
+
+#include <zint.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+
+namespace vantrel {
+namespace {
+
+using Modules = std::vector<bool>;
+using Type = BarcodeRequest::Type;
+
+struct TypeRow {
+  std::size_t longest;  // characters, or symbol values
+  std::string_view characters;
+  int symbology;
+};
+
+// By Type. Code 128 is encoded from its symbol values and checked apart.
+constexpr std::array<TypeRow, 4> kTypes{{
+    {11, {}, BARCODE_CODE128},
+    {10, "0123456789-. $/+%", BARCODE_CODE39},
+    {20, "0123456789", BARCODE_C25INTER},
+    {13, "0123456789-.:$/+", BARCODE_CODABAR},
+}};
+
+const TypeRow& RowOf(Type type) { return kTypes.at(static_cast<std::size_t>(type)); }
+
+// Code 128's symbol values that are no data.
+constexpr int kCode99 = 99;
+constexpr int kShift = 98;
+constexpr int kCodeB = 100;
+constexpr int kCodeA = 101;
+constexpr int kFnc1 = 102;
+
+// A symbol as the library encodes text.
+class Symbol {
+ public:
+  Symbol(int symbology, std::string_view text) : symbol_(ZBarcode_Create()) {
+    if (!symbol_) throw std::runtime_error("The barcode library cannot be started.");
+    symbol_->symbology = symbology;
+    const std::string copy(text);
+    const int result =
+        ZBarcode_Encode(symbol_.get(), reinterpret_cast<const unsigned char*>(copy.data()),
+                        static_cast<int>(copy.size()));
+    if (result >= ZINT_ERROR)
+      throw std::runtime_error(std::string("The barcode cannot be made: ") + symbol_->errtxt);
+  }
+
+  Modules Row() const {
+    Modules modules;
+    for (int i = 0; i < symbol_->width; ++i)
+      modules.push_back((symbol_->encoded_data[0][i / 8] >> (i % 8) & 1) != 0);
+    return modules;
+  }
+
+  std::string Text() const { return reinterpret_cast<const char*>(symbol_->text); }
+
+ private:
+  struct End {
+    void operator()(zint_symbol* symbol) const { ZBarcode_Delete(symbol); }
+  };
+  std::unique_ptr<zint_symbol, End> symbol_;
+};
+
+// The modules of every Code 128 character. The library encodes text, not symbol values; so each
+// character is cut out of a symbol whose text is known to use it.
+class Code128Characters {
+ public:
+  Code128Characters() {
+    // Four digits are encoded in set C, two a character.
+    for (int value = 0; value <= kCode99; ++value) {
+      const std::string digits{static_cast<char>('0' + value / 10),
+                               static_cast<char>('0' + value % 10)};
+      values_[At(value)] = Cut(BARCODE_CODE128, "00" + digits, 2);
+    }
+    // From set C to set B for a small letter, to set A for a control character.
+    values_[At(kCodeB)] = Cut(BARCODE_CODE128, "0000a", 3);
+    values_[At(kCodeA)] = Cut(BARCODE_CODE128, "0000\n", 3);
+    // Every GS1-128 symbol has FNC1 behind its start character.
+    values_[At(kFnc1)] = Cut(BARCODE_GS1_128, "[01]00000000000000", 1);
+    starts_ = {Cut(BARCODE_CODE128, "\n", 0), Cut(BARCODE_CODE128, "a", 0),
+               Cut(BARCODE_CODE128, "0000", 0)};
+    const Modules symbol = Symbol(BARCODE_CODE128, "a").Row();
+    stop_.assign(symbol.end() - kStopWidth, symbol.end());
+  }
+
+  Modules Encode(char code_set, std::string_view values) const {
+    const int set = code_set - 'A';
+    Modules modules = starts_.at(At(set));
+    constexpr int kStartA = 103;
+    constexpr int kModulus = 103;
+    int check = kStartA + set;
+    int weight = 0;
+    for (const char value : values) {
+      check += ++weight * value;
+      Append(modules, values_.at(At(value)));
+    }
+    Append(modules, values_.at(At(check % kModulus)));
+    Append(modules, stop_);
+    return modules;
+  }
+
+ private:
+  static constexpr int kCharacterWidth = 11;
+  static constexpr int kStopWidth = 13;
+
+  static std::size_t At(int value) { return static_cast<std::size_t>(value); }
+  static void Append(Modules& modules, const Modules& more) {
+    modules.insert(modules.end(), more.begin(), more.end());
+  }
+  static Modules Cut(int symbology, const std::string& text, int position) {
+    const Modules symbol = Symbol(symbology, text).Row();
+    const auto start = symbol.begin() + position * kCharacterWidth;
+    return {start, start + kCharacterWidth};
+  }
+
+  std::array<Modules, 103> values_;
+  std::array<Modules, 3> starts_;
+  Modules stop_;
+};
+
+std::optional<std::string> SymbolValues(std::string_view hex) {
+  if (!IsHexPairs(hex)) return std::nullopt;
+  std::string values;
+  for (std::size_t i = 0; i < hex.size(); i += 2) {
+    const int value = *HexDigitOf(hex[i]) * 16 + *HexDigitOf(hex[i + 1]);
+    if (value > kFnc1) return std::nullopt;
+    values += static_cast<char>(value);
+  }
+  return values;
+}
+
+// The character of a symbol value in set A or B, or nothing.
+std::string CharacterOf(int value, char set) {
+  constexpr int kFirstLetterOfB = 64;
+  constexpr int kDelete = 95;
+  if (value >= kDelete || (value >= kFirstLetterOfB && set == 'A')) return {};
+  return {static_cast<char>(' ' + value)};
+}
+
+char SetAfter(int value, char set) {
+  if (value == kCode99 && set != 'C') return 'C';
+  if (value == kCodeB && set != 'B') return 'B';
+  if (value == kCodeA && set != 'A') return 'A';
+  return set;
+}
+
+std::string Code128Text(char set, std::string_view values) {
+  std::string text;
+  bool shifted = false;
+  for (const char value : values) {
+    if (set == 'C' && value <= kCode99) {
+      text += static_cast<char>('0' + value / 10);
+      text += static_cast<char>('0' + value % 10);
+      continue;
+    }
+    const char other = set == 'A' ? 'B' : 'A';
+    text += CharacterOf(value, shifted ? other : set);
+    shifted = value == kShift && set != 'C' && !shifted;
+    set = SetAfter(value, set);
+  }
+  return text;
+}
+
+constexpr int kDotsPerModule = 2;
+constexpr int kQuietModules = 10;
+constexpr int kSubscriptGap = 2;
+constexpr GlyphStyle kSubscriptStyle{16, false, 0};
+
+// Adds the subscript's characters, in the middle of the width, under the bars.
+void DrawSubscript(Bitmap& picture, std::string_view text, int top) {
+  constexpr int kWidth = 8;
+  int left = (picture.Width() - kWidth * static_cast<int>(text.size())) / 2;
+  for (const char character : text) {
+    const Bitmap& glyph =
+        SystemFonts().Glyph(static_cast<unsigned char>(character), kSubscriptStyle);
+    for (int y = 0; y < glyph.Height(); ++y) {
+      for (int x = 0; x < glyph.Width(); ++x) {
+        if (picture.Holds(left + x, top + y)) picture.Set(left + x, top + y, glyph.At(x, y));
+      }
+    }
+    left += kWidth;
+  }
+}
+
+}  // namespace
+
+std::optional<BarcodeRequest> ParseBarcode(std::string_view text) {
+  constexpr int kLastLine = kFaceHeight - 1;
+  constexpr int kHighestType = 7;
+  FieldReader fields(text);
+  const auto start = fields.Number(kLastLine);
+  const auto end = fields.Number(kLastLine);
+  const auto type = fields.Number(kHighestType);
+  if (!start || !end || *end < *start || !type) return std::nullopt;
+  BarcodeRequest request;
+  request.type = static_cast<Type>(*type / 2);
+  request.subscript = *type % 2 == 1;
+  request.start = *start;
+  request.end = *end;
+
+  if (request.type == Type::kCode128) {
+    const auto set = fields.Character();
+    const auto values = SymbolValues(fields.Rest());
+    if (!set || *set < 'A' || *set > 'C' || !values) return std::nullopt;
+    request.code_set = *set;
+    request.data = *values;
+    return request.data.size() <= RowOf(request.type).longest ? std::optional(request)
+                                                              : std::nullopt;
+  }
+  std::string_view ends = "  ";
+  if (request.type == Type::kCodabar) {
+    const auto field = fields.Text();
+    if (!field || field->size() != 2 || field->find_first_not_of("ABCD") != field->npos)
+      return std::nullopt;
+    ends = *field;
+  }
+  const TypeRow& row = RowOf(request.type);
+  const std::string_view data = fields.Rest();
+  if (data.empty() || data.size() > row.longest ||
+      data.find_first_not_of(row.characters) != data.npos)
+    return std::nullopt;
+  request.data = data;
+  if (request.type == Type::kCodabar) request.data = ends[0] + request.data + ends[1];
+  return request;
+}
+
+std::vector<bool> BarcodeModules(const BarcodeRequest& request) {
+  if (request.type == Type::kCode128) {
+    static const Code128Characters characters;
+    return characters.Encode(request.code_set, request.data);
+  }
+  return Symbol(RowOf(request.type).symbology, request.data).Row();
+}
+
+std::string BarcodeText(const BarcodeRequest& request) {
+  if (request.type == Type::kCode128) return Code128Text(request.code_set, request.data);
+  return Symbol(RowOf(request.type).symbology, request.data).Text();
+}
+
+bool DrawBarcode(Bitmap& face, const BarcodeRequest& request) {
+  const Modules modules = BarcodeModules(request);
+  const int count = static_cast<int>(modules.size());
+  const int bars = request.end - request.start + 1;
+  const int below = request.subscript ? kSubscriptGap + kSubscriptStyle.height : 0;
+  Bitmap picture((count + 2 * kQuietModules) * kDotsPerModule, bars + below);
+  for (int i = 0; i < count * kDotsPerModule; ++i) {
+    if (!modules[static_cast<std::size_t>(i / kDotsPerModule)]) continue;
+    for (int y = 0; y < bars; ++y) picture.Set(kQuietModules * kDotsPerModule + i, y, true);
+  }
+  if (request.subscript) DrawSubscript(picture, BarcodeText(request), bars + kSubscriptGap);
+  constexpr char kHorizontalOverwriting = '1';
+  return Page(face, kHorizontalOverwriting)
+      .Put(picture, (kFaceWidth - picture.Width()) / 2, request.end + below);
+}
+
+}  // namespace vantrel
