@@ -3,8 +3,11 @@
 #include "link/frame.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
+#include <fstream>
 #include <ostream>
 
 namespace vantrel {
@@ -168,6 +171,21 @@ void WriteCsv(std::ostream& out, const LineLog& log) {
         << DirectionInWords(entry.direction) << ',' << HexOf(entry) << ','
         << CsvField(CharactersOf(entry)) << ',' << CsvField(MeaningOf(entry)) << "\r\n";
   }
+}
+
+std::string SaveLog(const LineLog& log, const std::string& path) {
+  const std::string part = path + ".part";
+  errno = 0;
+  std::ofstream file(part, std::ios::binary);
+  if (path.ends_with(".csv") || path.ends_with(".CSV"))
+    WriteCsv(file, log);
+  else
+    WriteText(file, log);
+  file.close();
+  if (file && std::rename(part.c_str(), path.c_str()) == 0) return {};
+  const int error = errno;
+  std::remove(part.c_str());
+  return path + " was not saved: " + std::strerror(error) + '.';
 }
 
 }  // namespace vantrel

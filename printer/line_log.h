@@ -87,5 +87,8 @@ std::string TextLineOf(const LogEntry& entry);
 // is still good tells of success.
 void WriteText(std::ostream& out, const LineLog& log);
 void WriteCsv(std::ostream& out, const LineLog& log);
+// Saves the log, as CSV where the path ends in ".csv" and as text elsewhere. Returns an empty text,
+// or why it was not saved; a file that was there is then as it was.
+std::string SaveLog(const LineLog& log, const std::string& path);
 
 }  // namespace vantrel
