@@ -79,6 +79,13 @@ bool PrinterModel::SetCardKind(CardKind kind) {
   return true;
 }
 
+bool PrinterModel::ChangeCard(Card card) {
+  if (state_.place != CardPlace::kOutside) return false;
+  state_.card = std::move(card);
+  if (change_) change_();
+  return true;
+}
+
 void PrinterModel::SetTrack(std::size_t track, std::string_view contents) {
   std::string& recorded = state_.card.tracks.at(track);
   recorded.clear();

@@ -49,10 +49,11 @@ class PrinterModel {
 
   // A person's hand. Each returns false, and does nothing, where a hand could not do it: a card is
   // put in when it is outside, pulled out when it is not outside and nothing moves it, changed for
-  // another kind when it is outside.
+  // another kind or another card when it is outside.
   bool InsertCard(Moment now);
   bool PullOutCard(Moment now);
   bool SetCardKind(CardKind kind);
+  bool ChangeCard(Card card);
   // Records `contents` on a track (0 to 2) of the card, wherever the card is. Bytes that no track
   // holds (all but 01h and 04h to 7Eh) are left out, what is longer than the track is cut off.
   void SetTrack(std::size_t track, std::string_view contents);

@@ -14,6 +14,7 @@ void PrinterState::StartAfresh() {
   fresh.setting = std::move(setting);
   fresh.stored_cleaning_button = stored_cleaning_button;
   fresh.stored_setting = std::move(stored_setting);
+  fresh.code_page = code_page;
   fresh.series = series;
   fresh.case_parts = case_parts;
   fresh.transports = transports;
