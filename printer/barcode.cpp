@@ -239,7 +239,10 @@ std::vector<bool> BarcodeModules(const BarcodeRequest& request) {
     static const Code128Characters characters;
     return characters.Encode(request.code_set, request.data);
   }
-  return Symbol(RowOf(request.type).symbology, request.data).Row();
+  Modules modules = Symbol(RowOf(request.type).symbology, request.data).Row();
+  // CODABAR's row ends with the gap to a next character.
+  while (!modules.empty() && !modules.back()) modules.pop_back();
+  return modules;
 }
 
 std::string BarcodeText(const BarcodeRequest& request) {

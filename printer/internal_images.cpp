@@ -18,7 +18,7 @@ bool IsWithin(int x, int y, int radius) { return x * x + y * y <= radius * radiu
 bool Frame(int x, int y) { return std::abs(x) > kEdge - 8 || std::abs(y) > kEdge - 8; }
 bool Disc(int x, int y) { return IsWithin(x, y, kEdge); }
 bool Ring(int x, int y) { return IsWithin(x, y, kEdge) && !IsWithin(x, y, kEdge - 14); }
-bool Arrow(int x, int y) { return x < 4 ? std::abs(y) < 14 : std::abs(y) <= kEdge - x; }
+bool Arrow(int x, int y) { return x < 4 ? std::abs(y) < 14 : std::abs(y) <= kEdge + 1 - x; }
 bool Tick(int x, int y) {
   const int line = x < -14 ? x + 40 : 12 - x;
   return std::abs(y - line) < 14 && x > -44 && x < 44;

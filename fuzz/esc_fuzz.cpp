@@ -1,0 +1,33 @@
+// Any bytes as print text with ESC sequences. The first byte chooses direction, code page and
+// reference point.
+
+#include "printer/print_text.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace vantrel;
+  if (size == 0) return 0;
+  constexpr CodePage kPages[] = {CodePage::kJapanese, CodePage::kSimplifiedChinese,
+                                 CodePage::kKorean, CodePage::kTraditionalChinese};
+  const char direction = static_cast<char>('0' + data[0] % 4);
+  const CodePage code_page = kPages[data[0] / 4 % 4];
+  const int y = data[0] / 16 * 20;
+  const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
+  const auto items = ParsePrintText(text, IsVertical(direction));
+  if (!items) return 0;
+  static const PrintRegisters registers = [] {
+    PrintRegisters some;
+    some.double_byte_characters[0] = Bitmap(24, 24);
+    some.double_byte_characters[1] = Bitmap(16, 16);
+    some.single_byte_characters[0] = Bitmap(12, 24);
+    some.single_byte_characters[1] = Bitmap(8, 16);
+    return some;
+  }();
+  Bitmap face(kFaceWidth, kFaceHeight);
+  Page page(face, direction);
+  DrawPrintText(page, {SystemFonts(), registers, code_page, 0, y}, *items);
+  return 0;
+}
