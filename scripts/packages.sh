@@ -15,7 +15,8 @@ require_packages() {
     return 0
   fi
   local installed missing=() package
-  installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null |
+  # It fails where it does not know a package; what it knows is still printed.
+  installed=$({ dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null || true; } |
     sed -n 's/ installed$//p')
   for package in "$@"; do
     grep -qx -- "$package" <<<"$installed" || missing+=("$package")
