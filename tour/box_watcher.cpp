@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMouseEvent>
 
 #include <stdexcept>
 
@@ -22,7 +23,9 @@ void BoxWatcher::Look() {
                              ": " + box->property("text").toString().toStdString());
   const Act act = acts_.front();
   acts_.pop_front();
-  act(*box);
+  // Outside of this timer's own report: an act may bring up the next box and wait for it.
+  QMetaObject::invokeMethod(
+      box, [act, box] { act(*box); }, Qt::QueuedConnection);
 }
 
 void PressButton(QDialog& box, const QString& caption) {
@@ -33,6 +36,41 @@ void PressButton(QDialog& box, const QString& caption) {
   }
   throw std::runtime_error("There is no button " + caption.toStdString() + " in the box " +
                            box.windowTitle().toStdString());
+}
+
+namespace {
+
+QWidget& Control(QDialog& form, const char* name) {
+  auto* control = form.findChild<QWidget*>(name);
+  if (control == nullptr)
+    throw std::runtime_error(form.objectName().toStdString() + " has no control " + name);
+  return *control;
+}
+
+void Click(QWidget& widget, QPoint place) {
+  for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+    QMouseEvent event(type, place, widget.mapToGlobal(place), Qt::LeftButton,
+                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+  }
+}
+
+}  // namespace
+
+void ClickOn(QDialog& form, const char* name) {
+  dynamic_cast<QAbstractButton&>(Control(form, name)).click();
+}
+
+void ClickDot(QDialog& form, const char* grid, int index) {
+  QWidget& dots = Control(form, grid);
+  QRect dot;
+  QMetaObject::invokeMethod(&dots, "DotRect", Q_RETURN_ARG(QRect, dot), Q_ARG(int, index));
+  Click(dots, dot.center());
+}
+
+void TypeInto(QDialog& form, const char* name, const QString& text) {
+  Control(form, name).setProperty("text", text);
 }
 
 void TypeAndPressOk(QDialog& box, const QString& text) {

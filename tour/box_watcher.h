@@ -34,6 +34,12 @@ class BoxWatcher {
 // Presses the button whose caption is `caption` ("&" left aside). Throws std::runtime_error when
 // there is none.
 void PressButton(QDialog& box, const QString& caption);
+// Clicks a button or an option of an editing form by its name.
+void ClickOn(QDialog& form, const char* name);
+// Clicks a dot of a form's grid.
+void ClickDot(QDialog& form, const char* grid, int index);
+// Puts `text` into a text box of a form.
+void TypeInto(QDialog& form, const char* name, const QString& text);
 // Types `text` over what the box's text field holds and presses OK.
 void TypeAndPressOk(QDialog& box, const QString& text);
 

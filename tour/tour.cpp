@@ -3,10 +3,13 @@
 #include "console/system_time.h"
 
 #include <QCoreApplication>
+#include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
 
+#include <cmath>
 #include <iostream>
 #include <stdexcept>
 
@@ -39,8 +42,10 @@ void Tour::Run() {
   console_.show();
   QCoreApplication::processEvents();
   ReadTracks();
+  WriteTracks();
   MoveCard();
   Maintain();
+  PrintCard();
   Photograph(console_, "console");
   Photograph(printer_, "printer");
   std::cout << "Pictures are in " << folder_.absolutePath().toStdString() << "\n";
@@ -55,6 +60,15 @@ void Tour::ReadTracks() {
   Photograph(console_, "console-reply");
   Press("Cmd26");
   Press("Cmd27");
+}
+
+void Tour::WriteTracks() {
+  Answer("data-question", "Yes");
+  Type("data-input", "WRITTEN BY THE TOUR");
+  Press("Cmd3B");
+  Type("write-input", "1");
+  Press("Cmd31");
+  Press("Cmd21");
 }
 
 void Tour::MoveCard() {
@@ -76,6 +90,97 @@ void Tour::Maintain() {
   Press("Cmd91");
   Press("Cmd95");
   Press("Cmd59");
+}
+
+void Tour::PrintCard() {
+  server_.InsertCard();
+  Fill(
+      "led",
+      [](QDialog& form) {
+        ClickOn(form, "OptLED_2");
+        ClickOn(form, "OptLEDColor_0");
+      },
+      "CmdNext");
+  Press("Cmd5A");
+
+  // A face of 8 x 16 dots in register 0, and a small wave as an image.
+  Fill(
+      "font",
+      [](QDialog& form) {
+        ClickOn(form, "Opt16dot");
+        for (const char* row : {"..####..", ".#....#.", "#.#..#.#", "#......#", "#.#..#.#",
+                                "#..##..#", ".#....#.", "..####.."}) {
+          static int line = 0;
+          for (int column = 0; row[column] != 0; ++column)
+            if (row[column] == '#') ClickDot(form, "LblDot", column * 24 + line + 4);
+          ++line;
+        }
+      },
+      "CmdNext");
+  boxes_.Expect([](QDialog& box) { PressButton(box, "OK"); });
+  Press("Cmd45");
+  Fill(
+      "image",
+      [](QDialog& form) {
+        TypeInto(form, "TxtXCoordinate", "20");
+        TypeInto(form, "TxtYCoordinate", "30");
+        ClickOn(form, "CmdSet");
+        for (int column = 0; column < 40; ++column)
+          for (int thickness = 0; thickness < 4; ++thickness)
+            ClickDot(form, "Lbldot",
+                     column * 40 + 18 + thickness + static_cast<int>(12 * std::sin(column * 0.32)));
+      },
+      "CmdNext");
+  Press("Cmd4D");
+
+  boxes_.Expect([this](QDialog& form) {
+    ClickOn(form, "Opt_direction_3");
+    TypeInto(form, "TxtXCoordinate", "30");
+    TypeInto(form, "TxtYCoordinate", "250");
+    form.findChild<QLineEdit*>("TxtPrint")->setText("Rewritable");
+    Photograph(form, "print-data");
+    ClickOn(form, "Cmd_EscEe");
+  });
+  Type("esc-input", "22");
+  Press("Cmd41");
+  Fill(
+      "",
+      [](QDialog& form) {
+        ClickOn(form, "Opt_direction_3");
+        TypeInto(form, "TxtXCoordinate", "420");
+        TypeInto(form, "TxtYCoordinate", "250");
+      },
+      "CmdEscg");
+  boxes_.Expect([](QDialog& box) { TypeAndPressOk(box, "0"); });
+  Press("Cmd41");
+  Fill(
+      "barcode",
+      [](QDialog& form) {
+        ClickOn(form, "OptBarcodeType_3");
+        for (const char* key : {"CmdKey_2", "CmdKey_0", "CmdKey_2", "CmdKey_6"}) ClickOn(form, key);
+      },
+      "CmdNext");
+  Press("Cmd4E");
+  Type("method-input", "0");
+  Press("Cmd48");
+  Type("", "0");
+  Press("Cmd46");
+  const Bitmap& face = model_.State().card.face;
+  QImage card(face.Width(), face.Height(), QImage::Format_Mono);
+  card.fill(1);
+  for (int y = 0; y < face.Height(); ++y)
+    for (int x = 0; x < face.Width(); ++x)
+      if (face.At(x, y)) card.setPixel(x, y, 0);
+  if (!card.save(folder_.filePath("card.png")))
+    throw std::runtime_error("card.png cannot be written.");
+}
+
+void Tour::Fill(const QString& picture, std::function<void(QDialog&)> fill, const char* button) {
+  boxes_.Expect([this, picture, fill = std::move(fill), button](QDialog& form) {
+    fill(form);
+    if (!picture.isEmpty()) Photograph(form, picture);
+    ClickOn(form, button);
+  });
 }
 
 void Tour::Press(const char* name, std::function<void()> meanwhile) {

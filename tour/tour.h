@@ -39,9 +39,15 @@ class Tour {
   void Answer(const QString& picture, const QString& button);
   void Type(const QString& picture, const QString& text);
 
+  // The next editing form is filled in by `fill`, photographed, and left by its button `button`. A
+  // message box that the button brings up is answered with OK.
+  void Fill(const QString& picture, std::function<void(QDialog& form)> fill, const char* button);
+
   void ReadTracks();
+  void WriteTracks();
   void MoveCard();
   void Maintain();
+  void PrintCard();
 
   const QDir folder_;
   PrinterModel model_;
