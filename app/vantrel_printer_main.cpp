@@ -2,6 +2,7 @@
 #include "printer/frm_printer.h"
 #include "printer/printer_model.h"
 #include "printer/printer_server.h"
+#include "printer/window_file_chooser.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -118,9 +119,10 @@ int Serve(const Options& options) {
   std::optional<vantrel::DeviceLink> link;
   if (!options.link.isEmpty()) link.emplace(options.link.toStdString(), server.DevicePath());
   if (options.card) server.InsertCard();
+  vantrel::WindowFileChooser files;
   std::unique_ptr<vantrel::FrmPrinter> form;
   if (!options.headless) {
-    form = std::make_unique<vantrel::FrmPrinter>(model, server);
+    form = std::make_unique<vantrel::FrmPrinter>(model, server, files);
     form->show();
   }
   std::cout << server.DevicePath() << std::endl;

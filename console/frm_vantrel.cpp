@@ -4,6 +4,11 @@
 #include "console/command_table.h"
 #include "console/display_box.h"
 #include "dialogs/panel_bar.h"
+#include "editors/frm_5a.h"
+#include "editors/frm_external_font.h"
+#include "editors/frm_external_image.h"
+#include "printdata/frm_4e.h"
+#include "printdata/frm_print_buffer.h"
 
 #include <QActionGroup>
 #include <QCloseEvent>
@@ -310,10 +315,22 @@ void FrmVantrel::EnableCommandButtons(bool enabled) {
 
 void FrmVantrel::HideConsole() { hide(); }
 void FrmVantrel::ShowConsole() { show(); }
-void FrmVantrel::ShowFrmPrintBuffer() {}
-void FrmVantrel::ShowFrm4E(const std::string&) {}
-void FrmVantrel::ShowFrmExternalImage() {}
-void FrmVantrel::ShowFrmExternalFont(const std::string&) {}
-void FrmVantrel::ShowFrm5A() {}
+void FrmVantrel::ShowFrmPrintBuffer() { FrmPrintBuffer(common_, dialogs_).exec(); }
+
+void FrmVantrel::ShowFrm4E(const std::string& caption) {
+  Frm4E form(common_);
+  form.setWindowTitle(QString::fromStdString(caption));
+  form.exec();
+}
+
+void FrmVantrel::ShowFrmExternalImage() { FrmExternalImage(common_, dialogs_).exec(); }
+
+void FrmVantrel::ShowFrmExternalFont(const std::string& caption) {
+  FrmExternalFont form(common_, dialogs_);
+  form.setWindowTitle(QString::fromStdString(caption));
+  form.exec();
+}
+
+void FrmVantrel::ShowFrm5A() { Frm5A(common_, dialogs_, this).exec(); }
 
 }  // namespace vantrel

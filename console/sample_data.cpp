@@ -9,10 +9,20 @@ namespace {
 
 constexpr std::size_t kMaximumLength = 21;
 
-void ReplaceAll(std::string& text, std::string_view what, std::string_view with) {
-  for (std::size_t at = text.find(what); at != std::string::npos;
-       at = text.find(what, at + with.size()))
-    text.replace(at, what.size(), with);
+// Writes plain blanks for the no-break, thin and narrow no-break blanks that stand in many
+// languages' times.
+std::string WithPlainBlanks(std::string_view text) {
+  static constexpr std::string_view kBlanks[] = {"\u00A0", "\u2009", "\u202F"};
+  std::string plain;
+  while (!text.empty()) {
+    const auto* blank =
+        std::find_if(std::begin(kBlanks), std::end(kBlanks),
+                     [text](std::string_view candidate) { return text.starts_with(candidate); });
+    const bool is_blank = blank != std::end(kBlanks);
+    plain += is_blank ? ' ' : text.front();
+    text.remove_prefix(is_blank ? blank->size() : 1);
+  }
+  return plain;
 }
 
 }  // namespace
@@ -29,9 +39,7 @@ bool CharacterRange::Takes(std::string_view text) const {
 }
 
 std::string SampleTime(const TimeText& time, const CharacterRange& range) {
-  std::string text = time.local;
-  // No-break, thin and narrow no-break blanks, which stand in many languages' times.
-  for (const char* blank : {"\u00A0", "\u2009", "\u202F"}) ReplaceAll(text, blank, " ");
+  std::string text = WithPlainBlanks(time.local);
   if (range.highest < 'a') {
     for (char& character : text)
       if (character >= 'a' && character <= 'z')

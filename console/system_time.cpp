@@ -1,8 +1,5 @@
 #include "console/system_time.h"
 
-#include <QDate>
-#include <QTime>
-
 namespace vantrel {
 
 QString LongTimeFormat(const QLocale& locale) {
@@ -12,25 +9,34 @@ QString LongTimeFormat(const QLocale& locale) {
   bool quoted = false;
   for (const QChar character : format) {
     if (character == u'\'') quoted = !quoted;
-    if (quoted || (character != u't' && character != u'(' && character != u')'))
+    if (quoted) {
       without_zone += character;
+    } else if (character == u'B') {
+      // Parts of the day ("in the evening"), which Qt would write as this letter.
+      without_zone += "AP";
+    } else if (!QStringView(u"t()[]").contains(character)) {
+      without_zone += character;
+    }
   }
-  return without_zone.trimmed();
+  without_zone = without_zone.trimmed();
+  // A comma may have stood before the zone.
+  if (without_zone.endsWith(u',')) without_zone.chop(1);
+  return without_zone;
+}
+
+TimeText ShortDateOf(const QDate& date, const QLocale& locale) {
+  return {locale.toString(date, QLocale::ShortFormat).toStdString(),
+          date.toString("yyyy-MM-dd").toStdString()};
+}
+
+TimeText LongTimeOf(const QTime& time, const QLocale& locale) {
+  return {locale.toString(time, LongTimeFormat(locale)).toStdString(),
+          time.toString("HH:mm:ss").toStdString()};
 }
 
 SystemTime SystemTimeOf(const QLocale& locale) {
-  SystemTime time;
-  time.short_date = [locale] {
-    const QDate today = QDate::currentDate();
-    return TimeText{locale.toString(today, QLocale::ShortFormat).toStdString(),
-                    today.toString("yyyy-MM-dd").toStdString()};
-  };
-  time.long_time = [locale] {
-    const QTime now = QTime::currentTime();
-    return TimeText{locale.toString(now, LongTimeFormat(locale)).toStdString(),
-                    now.toString("HH:mm:ss").toStdString()};
-  };
-  return time;
+  return {[locale] { return ShortDateOf(QDate::currentDate(), locale); },
+          [locale] { return LongTimeOf(QTime::currentTime(), locale); }};
 }
 
 }  // namespace vantrel

@@ -2,14 +2,21 @@
 
 #include "console/sample_data.h"
 
+#include <QDate>
 #include <QLocale>
 #include <QString>
+#include <QTime>
 
 namespace vantrel {
 
 // The format in which a language writes a time of day at length, without the time zone that some
-// formats end with.
+// formats begin or end with.
 QString LongTimeFormat(const QLocale& locale);
+
+// A date in the short format of a language, a time of day in its long format; the numeric writings
+// are "yyyy-MM-dd" and "HH:mm:ss".
+TimeText ShortDateOf(const QDate& date, const QLocale& locale);
+TimeText LongTimeOf(const QTime& time, const QLocale& locale);
 
 // The date and time of this machine in the formats of `locale`.
 SystemTime SystemTimeOf(const QLocale& locale);

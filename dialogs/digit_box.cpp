@@ -1,6 +1,8 @@
 #include "dialogs/digit_box.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QValidator>
 
@@ -29,10 +31,14 @@ class DigitFilter : public QValidator {
   }
 };
 
-bool DeletesForward(QKeyEvent* event) {
-  static constexpr QKeySequence::StandardKey kKeys[] = {
-      QKeySequence::Delete, QKeySequence::Cut, QKeySequence::DeleteEndOfWord,
-      QKeySequence::DeleteEndOfLine, QKeySequence::DeleteCompleteLine};
+bool TakesAway(QKeyEvent* event) {
+  static constexpr QKeySequence::StandardKey kKeys[] = {QKeySequence::Delete,
+                                                        QKeySequence::Cut,
+                                                        QKeySequence::DeleteEndOfWord,
+                                                        QKeySequence::DeleteEndOfLine,
+                                                        QKeySequence::DeleteCompleteLine,
+                                                        QKeySequence::Undo,
+                                                        QKeySequence::Redo};
   return event->key() == Qt::Key_Delete ||
          std::any_of(std::begin(kKeys), std::end(kKeys),
                      [event](auto key) { return event->matches(key); });
@@ -57,7 +63,7 @@ void DigitBox::keyPressEvent(QKeyEvent* event) {
     default:
       break;
   }
-  if (DeletesForward(event)) {
+  if (TakesAway(event)) {
     if (deleting_ == Deleting::kAllowed) QLineEdit::keyPressEvent(event);
     return;
   }
@@ -67,6 +73,19 @@ void DigitBox::keyPressEvent(QKeyEvent* event) {
   const bool types = !is_shortcut && !text.isEmpty() && text[0].isPrint();
   if (types && !std::all_of(text.begin(), text.end(), IsDigit)) return;
   QLineEdit::keyPressEvent(event);
+}
+
+void DigitBox::contextMenuEvent(QContextMenuEvent* event) {
+  if (deleting_ == Deleting::kAllowed) {
+    QLineEdit::contextMenuEvent(event);
+    return;
+  }
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction(tr("Copy"), this, &QLineEdit::copy)->setEnabled(hasSelectedText());
+  menu->addAction(tr("Paste"), this, &QLineEdit::paste);
+  menu->addAction(tr("Select All"), this, &QLineEdit::selectAll);
+  menu->popup(event->globalPos());
 }
 
 void DigitBox::mouseReleaseEvent(QMouseEvent* event) {

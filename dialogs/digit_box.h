@@ -24,6 +24,7 @@ class DigitBox : public QLineEdit {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
   const Deleting deleting_;

@@ -1,8 +1,10 @@
 #include "dialogs/window_dialogs.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -11,6 +13,42 @@ namespace vantrel {
 namespace {
 
 constexpr int kInputBoxWidth = 380;  // pixels; room for a title and a line of data
+constexpr int kWidestWord = 560;
+
+// The text with a place to break, of no width, after every few characters of each word that is
+// wider than a line; empty when there is no such word.
+QString BreakableText(const QString& text, const QFontMetrics& metrics) {
+  constexpr int kPiece = 8;
+  QString breakable;
+  bool found = false;
+  const QStringList words = text.split(' ');
+  for (const QString& word : words) {
+    if (!breakable.isEmpty()) breakable += ' ';
+    if (metrics.horizontalAdvance(word) <= kWidestWord) {
+      breakable += word;
+      continue;
+    }
+    found = true;
+    for (qsizetype i = 0; i < word.size(); i += kPiece)
+      breakable += word.mid(i, kPiece) + QChar(0x200B);
+  }
+  return found ? breakable : QString();
+}
+
+// A message box cuts off what does not fit into a line and has no blank to break at. Such a text is
+// shown by a label of its own in place of the box's; the box's text stays as it is.
+void ShowLongWords(QMessageBox& box) {
+  auto* cut = box.findChild<QLabel*>("qt_msgbox_label");
+  if (cut == nullptr || box.layout() == nullptr) return;
+  const QString text = BreakableText(box.text(), cut->fontMetrics());
+  if (text.isEmpty()) return;
+  auto* label = new QLabel(text, &box);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setFixedWidth(kWidestWord);
+  delete box.layout()->replaceWidget(cut, label);
+  cut->hide();
+}
 
 }  // namespace
 
@@ -39,6 +77,7 @@ Answer WindowDialogs::MsgBox(const std::string& prompt, Buttons buttons, const s
       box.setEscapeButton(QMessageBox::Cancel);
       break;
   }
+  ShowLongWords(box);
   switch (box.exec()) {
     case QMessageBox::Yes:
       return Answer::kYes;

@@ -121,10 +121,7 @@ void SerialPort::Output(const Bytes& bytes) {
   const bool taken = port_.write(reinterpret_cast<const char*>(bytes.data()), size) == size;
   // Writing only queues. What is still queued at the next notification would be discarded then.
   port_.flush();
-  if (IsGone()) {
-    Close();
-    throw DeviceGone(Name(), port_.errorString().toStdString());
-  }
+  if (IsGone()) throw CloseGone();
   if (!taken) throw WriteFailed(Name(), port_.errorString().toStdString());
 }
 
@@ -136,11 +133,14 @@ bool SerialPort::IsGone() const {
 void SerialPort::CheckDevice() {
   check_pending_ = false;
   if (!IsOpen() || !IsGone()) return;
-  const std::string words = port_.error() != QSerialPort::NoError
-                                ? port_.errorString().toStdString()
-                                : std::strerror(EIO);
+  const PortError error = CloseGone();
+  if (listener_ != nullptr) listener_->OnLost(error);
+}
+
+PortError SerialPort::CloseGone() {
+  // At a hang-up the library's own words may stem from an earlier call, so they are not used.
   Close();
-  if (listener_ != nullptr) listener_->OnLost(DeviceGone(Name(), words));
+  return DeviceGone(Name(), std::strerror(EIO));
 }
 
 }  // namespace vantrel

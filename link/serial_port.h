@@ -41,6 +41,8 @@ class SerialPort : public QObject, public Port {
   // Asks the device itself whether it is still there; some versions of the library do not tell.
   bool IsGone() const;
   void CheckDevice();
+  // Closes the port of a device that is gone and returns the error to report.
+  PortError CloseGone();
   std::string Name() const;
 
   QSerialPort port_;

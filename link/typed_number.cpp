@@ -1,7 +1,9 @@
 #include "link/typed_number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <string>
 
@@ -12,9 +14,24 @@ bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
 struct Reading {
   double value = 0;
-  std::size_t length =
-      0;  // characters that belong to the number, sign included; 0 when there is none
+  // Characters that belong to the number, sign included; 0 when there is none.
+  std::size_t length = 0;
 };
+
+// Whether a number that no double can hold, in the form that from_chars takes, is too small rather
+// than too large.
+bool IsTooSmall(std::string_view number) {
+  const std::size_t mark = number.find('e');
+  const std::string_view mantissa = number.substr(0, mark);
+  const auto point = static_cast<long>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first = static_cast<long>(mantissa.find_first_of("123456789"));
+  constexpr long kFar = 1'000'000'000;
+  long exponent = 0;
+  if (mark != std::string_view::npos)
+    exponent = std::clamp(std::strtol(std::string(number.substr(mark + 1)).c_str(), nullptr, 10),
+                          -kFar, kFar);
+  return point - first + exponent < 0;
+}
 
 // Reads the number at the very start of `text`.
 Reading ReadNumber(std::string_view text) {
@@ -37,16 +54,12 @@ Reading ReadNumber(std::string_view text) {
   }
   if (digits == 0) return {};
 
-  bool shrinks = false;
   if (end < text.size() && std::string_view("eEdD").find(text[end]) != std::string_view::npos) {
     const std::size_t mark = end;
     const std::string mantissa = number;
     number += 'e';
     ++end;
-    if (end < text.size() && (text[end] == '+' || text[end] == '-')) {
-      shrinks = text[end] == '-';
-      number += text[end++];
-    }
+    if (end < text.size() && (text[end] == '+' || text[end] == '-')) number += text[end++];
     if (take_digits() == 0) {
       end = mark;
       number = mantissa;
@@ -57,7 +70,7 @@ Reading ReadNumber(std::string_view text) {
   const auto result = std::from_chars(number.data(), number.data() + number.size(), reading.value);
   if (result.ec == std::errc::result_out_of_range) {
     const double infinity = std::numeric_limits<double>::infinity();
-    reading.value = shrinks ? 0 : (number[0] == '-' ? -infinity : infinity);
+    reading.value = IsTooSmall(number) ? 0 : (number[0] == '-' ? -infinity : infinity);
   }
   return reading;
 }

@@ -3,8 +3,9 @@
 namespace vantrel {
 
 const CommandRow* FindCommand(std::uint8_t code) {
-  for (const auto group : {TrackCommands(), TransportCommands(), MaintenanceCommands(),
-                           PrintBufferCommands(), ImageCommands()}) {
+  for (const auto group :
+       {TrackCommands(), MagneticCommands(), PrintBufferCommands(), ImageCommands(),
+        CycleCommands(), TransportCommands(), MaintenanceCommands()}) {
     for (const CommandRow& row : group) {
       if (row.code == code) return &row;
     }

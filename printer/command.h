@@ -21,6 +21,7 @@ namespace status {
 inline constexpr std::uint8_t kNormal = 0x20;
 inline constexpr std::uint8_t kNoTargetCard = 0x22;
 inline constexpr std::uint8_t kNoStripe = 0x23;
+inline constexpr std::uint8_t kWritingError = 0x37;
 inline constexpr std::uint8_t kNoMonochromeBmp = 0x4C;
 inline constexpr std::uint8_t kOverflow = 0x51;
 }  // namespace status
@@ -47,6 +48,9 @@ enum class Need {
 inline constexpr std::chrono::milliseconds kNoTime{0};
 inline constexpr std::chrono::milliseconds kMoveTime{400};
 inline constexpr std::chrono::milliseconds kReadTime{700};
+inline constexpr std::chrono::milliseconds kWriteTime{1500};
+inline constexpr std::chrono::milliseconds kEraseTime{1500};
+inline constexpr std::chrono::milliseconds kPrintTime{2500};
 inline constexpr std::chrono::milliseconds kCleaningTime{3000};
 inline constexpr std::chrono::milliseconds kResetTime{500};
 
@@ -70,6 +74,8 @@ const CommandRow* FindCommand(std::uint8_t code);
 
 // The groups, each in a file of its own.
 std::span<const CommandRow> TrackCommands();
+std::span<const CommandRow> MagneticCommands();
+std::span<const CommandRow> CycleCommands();
 std::span<const CommandRow> TransportCommands();
 std::span<const CommandRow> MaintenanceCommands();
 std::span<const CommandRow> PrintBufferCommands();

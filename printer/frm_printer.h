@@ -1,59 +1,101 @@
 #pragma once
 
+#include "printer/card_deck.h"
+#include "printer/line_recorder.h"
 #include "printer/printer_state.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <array>
 
-class QByteArray;
+class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 class QPushButton;
 class QRadioButton;
+class QTabWidget;
 
 namespace vantrel {
 
 class CardSlotView;
+class FaceView;
+class FileChooser;
+class IndicatorSign;
+class LogPanel;
 class PrinterModel;
 class PrinterServer;
 
-// The window of a software printer: its card in the slot, a hand to put it in and pull it out, what
-// its tracks hold, what the printer is doing, and what goes over the line.
+// The window of a software printer: the face of its card as it is printed, the card in the slot and
+// a hand to put it in and pull it out, what its tracks hold, what the printer is doing, and what
+// goes over the line.
 class FrmPrinter : public QWidget {
   Q_OBJECT
 
  public:
-  // Both must outlive the form; `server` serves `model`.
-  FrmPrinter(PrinterModel& model, PrinterServer& server, QWidget* parent = nullptr);
+  // All must outlive the form; `server` serves `model`.
+  FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& files,
+             QWidget* parent = nullptr);
+
+  // Adds a page of further controls behind the pages of the card; the form owns it.
+  void AddPage(QWidget* page, const QString& title);
+  // The log of this form, from its construction on.
+  LineRecorder& Recorder() { return recorder_; }
 
  private:
-  QWidget* MakeCardSide();
-  QWidget* MakeStateSide();
-  QWidget* MakeLog();
+  QWidget* MakeStateBar();
+  QWidget* MakeFaceSide();
+  QWidget* MakeCardPage();
+  QWidget* MakeTracksPage();
+  QWidget* MakeLog(FileChooser& files);
   // A label for a value of the state, bold and selectable.
   QLabel* MakeValue(const char* name);
+  QPushButton* MakeButton(const char* name, const QString& caption, void (FrmPrinter::*click)());
   void CmdInsertCard_Click();
   void CmdPullOutCard_Click();
-  void Log(const QString& direction, const QByteArray& bytes);
+  void CmdNewCard_Click();
+  void CmbDeck_Click(int index);
+  void CmdTurn_Click();
+  void CmdSavePicture_Click();
   // Shows the model as it is now.
   void Refresh();
+  void RefreshTracks();
+  void RefreshIndicators();
+  void ShowScale();
 
   PrinterModel& model_;
   PrinterServer& server_;
+  FileChooser& files_;
+  LineRecorder recorder_;
+  CardDeck deck_;
+  // A face costs more than a text, so several changes are drawn as one.
+  QTimer draw_face_;
+  QTabWidget* pages_ = nullptr;
+  FaceView* face_ = nullptr;
   CardSlotView* slot_ = nullptr;
+  LogPanel* log_ = nullptr;
+  IndicatorSign* led_ = nullptr;
+  IndicatorSign* buzzer_ = nullptr;
   QPushButton* CmdInsertCard = nullptr;
   QPushButton* CmdPullOutCard = nullptr;
+  QPushButton* CmdNewCard = nullptr;
+  QPushButton* CmdTurn = nullptr;
+  QPushButton* CmdSavePicture = nullptr;
+  QComboBox* CmbDeck = nullptr;
+  QCheckBox* ChkMute = nullptr;
   std::array<QRadioButton*, 2> OptCard{};
   std::array<QLineEdit*, kTracks> TxtTrack{};
+  std::array<QLineEdit*, kTracks> TxtTrackHex{};
+  std::array<QLineEdit*, kTracks> TxtBuffer{};
+  std::array<QLineEdit*, kTracks> TxtBufferHex{};
   QLabel* LblActivity = nullptr;
   QLabel* LblPlace = nullptr;
   QLabel* LblLED = nullptr;
   QLabel* LblBuzzer = nullptr;
   QLabel* LblTransportCount = nullptr;
   QLabel* LblPrintCount = nullptr;
-  QPlainTextEdit* TxtLog = nullptr;
+  QLabel* LblScale = nullptr;
 };
 
 }  // namespace vantrel

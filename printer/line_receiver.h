@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/frame.h"
+#include "printer/moment.h"
 
 #include <chrono>
 #include <cstddef>
@@ -10,10 +11,6 @@
 #include <vector>
 
 namespace vantrel {
-
-// A moment on a clock that only goes forward, in milliseconds from any start. The printer never
-// looks at a clock: whoever drives it hands the time in.
-using Moment = std::chrono::milliseconds;
 
 // A half frame is forgotten after this much silence.
 inline constexpr std::chrono::milliseconds kFrameSilence{500};

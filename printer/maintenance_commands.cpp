@@ -13,7 +13,7 @@ Reply RomVersion(PrinterState&, const Command&) {
 //   3 wait:              0 none, 1 for a card, 2 for the removal of one
 //   4 target card:       0 none, 1 present
 //   5 to 7 buzzer, LED colour and LED operation in the digits of 5Ah
-//   8 cleaning button:   0 disabled, 1 enabled
+//   8 cleaning button:   0 disabled, 1 enabled, as it is in force
 Reply StatusString(PrinterState& state, const Command&) {
   const auto digit = [](int value) { return static_cast<char>('0' + value); };
   const bool cleaning = state.card.kind == CardKind::kCleaning;
@@ -35,28 +35,25 @@ bool IsControlData(std::string_view data) {
 }
 
 Reply SetIndicators(PrinterState& state, const Command& command) {
-  if (command.data[0] != ' ') state.indicators.buzzer = command.data[0];
-  state.indicators.led_colour = command.data[1];
-  if (command.data[2] != ' ') state.indicators.led_operation = command.data[2];
+  state.indicators.Set(command.data, state.now);
   return {};
 }
 
 Reply SetCleaningButton(PrinterState& state, const Command& command) {
-  state.cleaning_button = command.data == "1";
+  state.stored_cleaning_button = command.data == "1";
   return {};
 }
 
-// The card, the counters and the stored settings stay; the waits have ended before.
+// The waits have ended before. What 5Bh and 91h have stored waits on for the power switch.
 Reply Reset(PrinterState& state, const Command&) {
-  state.buffers = {};
-  state.indicators = {};
+  state.StartAfresh();
   return {};
 }
 
 bool IsSetting(std::string_view data) { return !data.empty(); }
 
 Reply StoreSetting(PrinterState& state, const Command& command) {
-  state.setting = command.data;
+  state.stored_setting = command.data;
   return {};
 }
 

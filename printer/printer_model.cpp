@@ -28,7 +28,8 @@ bool IsServedBeside(const CommandRow& row) {
 }  // namespace
 
 void PrinterModel::Receive(std::span<const std::uint8_t> bytes, Moment now) {
-  DoDueWork(now);
+  LetTimePass(now);
+  if (!state_.power) return;
   for (const Arrival& arrival : receiver_.Receive(bytes, now)) {
     if (arrival.check_is_good)
       Accept(arrival, now);
@@ -40,7 +41,7 @@ void PrinterModel::Receive(std::span<const std::uint8_t> bytes, Moment now) {
 
 void PrinterModel::Advance(Moment now) {
   receiver_.Advance(now);
-  DoDueWork(now);
+  LetTimePass(now);
   Flush(now);
 }
 
@@ -48,12 +49,13 @@ std::optional<Moment> PrinterModel::NextAdvance() const {
   std::optional<Moment> next = receiver_.Deadline();
   const auto take = [&next](Moment moment) { next = next ? std::min(*next, moment) : moment; };
   if (work_) take(work_->done);
+  if (const auto change = state_.indicators.NextChange(state_.now)) take(*change);
   if (!later_replies_.empty()) take(last_sent_ ? *last_sent_ + kReplyGap : Moment{0});
   return next;
 }
 
 bool PrinterModel::InsertCard(Moment now) {
-  DoDueWork(now);
+  LetTimePass(now);
   const bool possible = state_.place == CardPlace::kOutside;
   if (possible) state_.place = CardPlace::kFront;
   if (possible && waiting_) Begin(*std::exchange(waiting_, std::nullopt), now);
@@ -62,7 +64,7 @@ bool PrinterModel::InsertCard(Moment now) {
 }
 
 bool PrinterModel::PullOutCard(Moment now) {
-  DoDueWork(now);
+  LetTimePass(now);
   const bool possible = state_.place != CardPlace::kOutside && !work_;
   if (possible) state_.place = CardPlace::kOutside;
   if (possible && waiting_) Begin(*std::exchange(waiting_, std::nullopt), now);
@@ -77,6 +79,13 @@ bool PrinterModel::SetCardKind(CardKind kind) {
   return true;
 }
 
+bool PrinterModel::ChangeCard(Card card) {
+  if (state_.place != CardPlace::kOutside) return false;
+  state_.card = std::move(card);
+  if (change_) change_();
+  return true;
+}
+
 void PrinterModel::SetTrack(std::size_t track, std::string_view contents) {
   std::string& recorded = state_.card.tracks.at(track);
   recorded.clear();
@@ -86,13 +95,44 @@ void PrinterModel::SetTrack(std::size_t track, std::string_view contents) {
   if (change_) change_();
 }
 
+void PrinterModel::SetPower(bool on, Moment now) {
+  LetTimePass(now);
+  if (on == state_.power) return;
+  EndEverything();
+  receiver_ = {};
+  state_.power = on;
+  state_.StartAfresh();
+  if (on) {
+    state_.cleaning_button = state_.stored_cleaning_button;
+    state_.setting = state_.stored_setting;
+  }
+  Flush(now);
+}
+
+void PrinterModel::SetSeries(Series series) {
+  state_.series = series;
+  if (change_) change_();
+}
+
+void PrinterModel::SetCaseParts(bool fitted) {
+  state_.case_parts = fitted;
+  if (change_) change_();
+}
+
 std::string PrinterModel::ActivityInWords() const {
+  if (!state_.power) return "Switched off";
   if (work_) return HexOf(work_->job.command.code) + "h is at work";
   if (!waiting_) return "Idle";
   const std::string code = HexOf(waiting_->command.code) + "h";
   if (state_.wait == CardWait::kRemoval) return code + " waits for the card to be pulled out";
   if (waiting_->row->need == Need::kCleaningCard) return code + " waits for a cleaning card";
   return code + " waits for a card";
+}
+
+void PrinterModel::LetTimePass(Moment now) {
+  DoDueWork(now);
+  state_.now = now;
+  state_.indicators.Advance(now);
 }
 
 void PrinterModel::Accept(const Arrival& arrival, Moment now) {
@@ -171,6 +211,7 @@ void PrinterModel::BeginNext(Moment now) {
 void PrinterModel::DoDueWork(Moment now) {
   while (work_ && work_->done <= now) {
     const Work work = *std::exchange(work_, std::nullopt);
+    state_.now = work.done;
     Finish(work.job);
     BeginNext(work.done);
   }

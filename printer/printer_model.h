@@ -49,21 +49,30 @@ class PrinterModel {
 
   // A person's hand. Each returns false, and does nothing, where a hand could not do it: a card is
   // put in when it is outside, pulled out when it is not outside and nothing moves it, changed for
-  // another kind when it is outside.
+  // another kind or another card when it is outside.
   bool InsertCard(Moment now);
   bool PullOutCard(Moment now);
   bool SetCardKind(CardKind kind);
+  bool ChangeCard(Card card);
   // Records `contents` on a track (0 to 2) of the card, wherever the card is. Bytes that no track
   // holds (all but 01h and 04h to 7Eh) are left out, what is longer than the track is cut off.
   void SetTrack(std::size_t track, std::string_view contents);
 
+  // The power switch; on at start. Off, the printer ends everything it does without an answer,
+  // hears nothing and shows nothing; a hand still reaches the card. Switched on, everything is as
+  // at the start but for the card and its place, the counters, and what 5Bh and 91h have stored:
+  // that comes into force.
+  void SetPower(bool on, Moment now);
+  // How the printer is made and fitted: a QL-7 without the case accessory parts at start.
+  void SetSeries(Series series);
+  void SetCaseParts(bool fitted);
   // Whether every command's work takes no time; false at start.
   void SetInstantWork(bool instant) { instant_ = instant; }
 
   const PrinterState& State() const { return state_; }
   // Whether a command is at work at this moment; its card is moving then.
   bool IsWorking() const { return work_.has_value(); }
-  // What the printer is doing: "Idle", "21h waits for a card", "51h is at work" ...
+  // What the printer is doing: "Idle", "Switched off", "21h waits for a card", "51h is at work" ...
   std::string ActivityInWords() const;
 
  private:
@@ -77,6 +86,8 @@ class PrinterModel {
   };
   enum class Step { kWork, kInstantWork, kRefuse, kAwaitInsertion, kAwaitRemoval };
 
+  // What time alone has brought about by `now`.
+  void LetTimePass(Moment now);
   void Accept(const Arrival& arrival, Moment now);
   bool IsTaken(const CommandRow& row, const Command& command) const;
   void Begin(Job job, Moment now);

@@ -46,6 +46,8 @@ bool PrinterServer::InsertCard() { return model_.InsertCard(Now()); }
 
 bool PrinterServer::PullOutCard() { return model_.PullOutCard(Now()); }
 
+void PrinterServer::SetPower(bool on) { model_.SetPower(on, Now()); }
+
 Moment PrinterServer::Now() const { return Moment{clock_.elapsed()}; }
 
 void PrinterServer::ReadLine() {

@@ -31,6 +31,10 @@ class PrinterServer : public QObject {
   // A person's hand, at this moment. False where a hand could not do it; see PrinterModel.
   bool InsertCard();
   bool PullOutCard();
+  void SetPower(bool on);
+
+  // This moment, for what the model tells of a moment.
+  Moment Now() const;
 
  signals:
   // What has gone over the line, as it was read or written.
@@ -40,7 +44,6 @@ class PrinterServer : public QObject {
   void Changed();
 
  private:
-  Moment Now() const;
   void ReadLine();
   void Write(const Bytes& chunk);
   // Has the timer go off when the model next needs a call.

@@ -1,30 +1,26 @@
 #include "printer/printer_state.h"
 
+#include <utility>
+
 namespace vantrel {
-namespace {
 
-std::string_view ColourInWords(char colour) {
-  if (colour == '2') return "red";
-  return colour == '3' ? "orange" : "green";
+void PrinterState::StartAfresh() {
+  PrinterState fresh;
+  fresh.card = std::move(card);
+  fresh.place = place;
+  fresh.power = power;
+  fresh.now = now;
+  fresh.cleaning_button = cleaning_button;
+  fresh.setting = std::move(setting);
+  fresh.stored_cleaning_button = stored_cleaning_button;
+  fresh.stored_setting = std::move(stored_setting);
+  fresh.code_page = code_page;
+  fresh.series = series;
+  fresh.case_parts = case_parts;
+  fresh.transports = transports;
+  fresh.prints = prints;
+  *this = std::move(fresh);
 }
-
-// The digits '0' to '4' mean the same for LED and buzzer; only going on and off has another name.
-std::string_view OperationInWords(char operation, std::string_view repeated) {
-  switch (operation) {
-    case '1':
-      return "on";
-    case '2':
-      return repeated;
-    case '3':
-      return "1 cycle";
-    case '4':
-      return "3 cycles";
-    default:
-      return "off";
-  }
-}
-
-}  // namespace
 
 bool PrinterState::HasTargetCard() const {
   return place == CardPlace::kFront || place == CardPlace::kInside || place == CardPlace::kRear;
@@ -57,19 +53,6 @@ std::string_view PlaceInWords(CardPlace place) {
     default:
       return "outside";
   }
-}
-
-std::string LedInWords(const Indicators& indicators) {
-  std::string words(OperationInWords(indicators.led_operation, "flashing"));
-  if (indicators.led_operation != '0') {
-    words += ", ";
-    words += ColourInWords(indicators.led_colour);
-  }
-  return words;
-}
-
-std::string_view BuzzerInWords(const Indicators& indicators) {
-  return OperationInWords(indicators.buzzer, "buzzing");
 }
 
 }  // namespace vantrel

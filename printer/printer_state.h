@@ -3,6 +3,8 @@
 #include "link/code_page.h"
 #include "printer/bitmap.h"
 #include "printer/bmp_file.h"
+#include "printer/indicators.h"
+#include "printer/moment.h"
 
 #include <array>
 #include <cstddef>
@@ -27,6 +29,9 @@ struct Card {
   Bitmap face{kFaceWidth, kFaceHeight};
 };
 
+// The two series of the printer: a QL-7 writes all three tracks, a QL-8 the third alone.
+enum class Series { kQl7, kQl8 };
+
 // Where the card is.
 enum class CardPlace {
   kOutside,
@@ -38,13 +43,6 @@ enum class CardPlace {
 
 // What the command under way waits for a person to do.
 enum class CardWait { kNone, kInsertion, kRemoval };
-
-// LED and buzzer as 5Ah sets them, in its own digits.
-struct Indicators {
-  char buzzer = '0';         // '0' off, '1' on, '2' buzzing, '3' one cycle, '4' three cycles
-  char led_colour = '1';     // '1' green, '2' red, '3' orange
-  char led_operation = '0';  // '0' off, '1' on, '2' flashing, '3' one cycle, '4' three cycles
-};
 
 inline constexpr std::size_t kRegisters = 16;
 
@@ -67,6 +65,9 @@ struct PrinterState {
   // What the last pass of a card under the head left in each track buffer; an empty text where the
   // track was blank, nothing where no card has passed since power-on or reset.
   std::array<std::optional<std::string>, kTracks> buffers;
+  // What 35h to 3Dh have loaded for each track, in the order in which the head would read it;
+  // nothing once it is written or the printer is reset.
+  std::array<std::optional<std::string>, kTracks> presets;
   Indicators indicators;
   // The print expansion buffer: what the next print puts on a card.
   Bitmap print_image{kFaceWidth, kFaceHeight};
@@ -74,11 +75,22 @@ struct PrinterState {
   Bitmap image_data{kFaceWidth, kFaceHeight};
   PrintRegisters registers;
   CodePage code_page = SystemCodePage();  // of the text of 41h
-  bool cleaning_button = true;            // 5Bh
-  std::string setting;                    // the last text of 91h
-  unsigned transports = 0;                // every move or pass of a card
+  bool power = true;
+  // The moment of the work under way.
+  Moment now{0};
+  // What 5Bh and 91h have stored comes into force when the power is next switched on.
+  bool cleaning_button = true;
+  std::string setting;
+  bool stored_cleaning_button = true;
+  std::string stored_setting;
+  Series series = Series::kQl7;
+  bool case_parts = false;  // the case accessory parts, which close the back, are fitted
+  unsigned transports = 0;  // every move or pass of a card
   unsigned prints = 0;
 
+  // Makes everything as it is when the power is switched on, but for the card and its place, how
+  // the printer is made and fitted, the counters and the settings.
+  void StartAfresh();
   // Whether a command that needs a card finds one.
   bool HasTargetCard() const;
   // The contents of a track of the card as its head reads it.
@@ -89,9 +101,7 @@ struct PrinterState {
   void PassUnderHead();
 };
 
-// The place, LED and buzzer in words for a window: "inserted at the front", "flashing, red", "off".
+// The place in words for a window: "inserted at the front".
 std::string_view PlaceInWords(CardPlace place);
-std::string LedInWords(const Indicators& indicators);
-std::string_view BuzzerInWords(const Indicators& indicators);
 
 }  // namespace vantrel

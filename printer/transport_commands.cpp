@@ -4,7 +4,7 @@ namespace vantrel {
 namespace {
 
 // '0' stops the card at the front, still a target; '1' discharges it completely. '2', a discharge
-// to the back, is not taken: the case closes the back.
+// to the back, is for 46h to 48h alone.
 Reply Discharge(PrinterState& state, const Command& command) {
   state.Transport(command.data == "0" ? CardPlace::kFront : CardPlace::kExit);
   return {};

@@ -3,7 +3,7 @@
 # The compiler, the build tools and the libraries that the programs need.
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libfreetype-dev libzint-dev)
 # What a window needs to run and to show text, and the fonts of the printed cards.
-RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-terminus-otb fonts-unifont)
+RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback fonts-terminus-otb fonts-unifont)
 TEST_PACKAGES=(libgtest-dev libgmock-dev)
 CHECK_PACKAGES=(clang-format)
 

@@ -21,7 +21,7 @@ constexpr int kMoment =
 Tour::Tour(const QString& folder)
     : folder_(folder),
       server_(model_),
-      printer_(model_, server_),
+      printer_(model_, server_, files_),
       port_(
           [this](int number) { return number == 1 ? server_.DevicePath() : SystemDevice(number); }),
       console_(port_, dialogs_, SystemTimeOf(QLocale::system()), SystemCodePage(),

@@ -6,6 +6,7 @@
 #include "printer/frm_printer.h"
 #include "printer/printer_model.h"
 #include "printer/printer_server.h"
+#include "printer/window_file_chooser.h"
 #include "tour/box_watcher.h"
 
 #include <QDir>
@@ -45,6 +46,7 @@ class Tour {
   const QDir folder_;
   PrinterModel model_;
   PrinterServer server_;
+  WindowFileChooser files_;
   FrmPrinter printer_;
   WindowDialogs dialogs_;
   SerialPort port_;

@@ -4,6 +4,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -38,7 +40,21 @@ TEST(DigitBox, DeleteAndCutAreDiscardedWhereTheyAreNotAllowed) {
   QTest::keyClick(&box, Qt::Key_Delete);
   box.selectAll();
   QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+  QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(box.text(), "12");
+}
+
+TEST(DigitBox, TheContextMenuTakesNothingAwayWhereThatIsNotAllowed) {
+  DigitBox box("TxtX", "12", DigitBox::Deleting::kDiscarded);
+  box.show();
+  QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, box.mapToGlobal(QPoint(1, 1)));
+  QApplication::sendEvent(&box, &event);
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  QStringList entries;
+  for (const QAction* entry : menu->actions()) entries += entry->text();
+  menu->close();
+  EXPECT_EQ(entries, (QStringList{"Copy", "Paste", "Select All"}));
 }
 
 TEST(DigitBox, SelectingAndTypingOverReplaces) {

@@ -71,6 +71,25 @@ TEST(MsgBox, ShowsPromptTitleAndButtonsAndReturnsTheAnswer) {
   }
 }
 
+TEST(MsgBox, ShowsALongWordWholeAndKeepsItsText) {
+  WindowDialogs dialogs;
+  const std::string text = "0,0," + std::string(144, 'F');
+  OnBox([&](QDialog* box) {
+    EXPECT_EQ(box->property("text").toString().toStdString(), text);
+    bool shown_whole = false;
+    for (auto* label : box->findChildren<QLabel*>()) {
+      if (!label->isVisible() || label->text().remove(QChar(0x200B)).toStdString() != text)
+        continue;
+      const QRect needed = label->fontMetrics().boundingRect(QRect(0, 0, label->width(), 10000),
+                                                             Qt::TextWordWrap, label->text());
+      shown_whole = needed.width() <= label->width() && needed.height() <= label->height();
+    }
+    EXPECT_TRUE(shown_whole);
+    box->close();
+  });
+  dialogs.MsgBox(text, Buttons::kOk, "Print Data");
+}
+
 TEST(MsgBox, ItsCloseBoxCountsAsNoOrCancel) {
   WindowDialogs dialogs;
   const auto close = [](QDialog* box) { box->close(); };

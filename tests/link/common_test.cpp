@@ -1,5 +1,7 @@
 #include "link/common.h"
 
+#include "link/frame.h"
+
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -81,6 +83,15 @@ TEST(StrToHex, GivesFourDigitsToADoubleByteCharacter) {
   EXPECT_EQ(StrToHex("\u4E2D", CodePage::kSimplifiedChinese), "D6D0");
   EXPECT_EQ(StrToHex("\u4E2D", CodePage::kTraditionalChinese), "A4A4");
   EXPECT_EQ(StrToHex("\uD55C", CodePage::kKorean), "C7D1");
+}
+
+TEST(HexOutput, IsUpperCaseEverywhere) {
+  EXPECT_EQ(HexOf(0xAB), "AB");
+  EXPECT_EQ(HexTextOf({0xCD, 0xEF}), "CDEF");
+  EXPECT_EQ(CalcBCC("022A03FC"), "D5");  // 2Ah ^ 03h ^ FCh
+  EXPECT_EQ(StrToHex("\u00EF", CodePage::kWestern), "EF");
+  EXPECT_EQ(StrToHex("\n", CodePage::kWestern), "0A");
+  EXPECT_EQ(ComposeFrame("5F"), "025F035C");
 }
 
 TEST(StrToHex, SendsAQuestionMarkForWhatTheCodePageLacks) {

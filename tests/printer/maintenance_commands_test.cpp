@@ -87,18 +87,18 @@ TEST_F(MaintenanceCommands, TakeOnlyTheControlDataThatThereIs) {
 
 TEST_F(MaintenanceCommands, SetTheCleaningButton) {
   EXPECT_EQ(bench_.Send("02 5B 30 03 68"), Chunks{"06 02 5B 20 03 78"});
-  EXPECT_FALSE(State().cleaning_button);
+  EXPECT_FALSE(State().stored_cleaning_button);
   EXPECT_EQ(bench_.Send("02 5B 31 03 69"), Chunks{"06 02 5B 20 03 78"});
-  EXPECT_TRUE(State().cleaning_button);
+  EXPECT_TRUE(State().stored_cleaning_button);
   EXPECT_EQ(bench_.Send("02 5B 32 03 6A"), Chunks{"10"});
   EXPECT_EQ(bench_.Send("02 5B 03 58"), Chunks{"10"});
 }
 
 TEST_F(MaintenanceCommands, StoreASetting) {
   EXPECT_EQ(bench_.Send("02 91 32 31 03 91"), Chunks{"06 02 91 20 03 B2"});
-  EXPECT_EQ(State().setting, "21");
+  EXPECT_EQ(State().stored_setting, "21");
   EXPECT_EQ(bench_.Send("02 91 03 92"), Chunks{"10"});
-  EXPECT_EQ(State().setting, "21");
+  EXPECT_EQ(State().stored_setting, "21");
 }
 
 TEST_F(MaintenanceCommands, TellTheCounts) {
@@ -119,7 +119,7 @@ TEST_F(MaintenanceCommands, ResetIndicatorsButNotCountsAndSettings) {
   EXPECT_EQ(LedInWords(State().indicators), "off");
   EXPECT_EQ(BuzzerInWords(State().indicators), "off");
   EXPECT_EQ(State().transports, 1U);
-  EXPECT_EQ(State().setting, "21");
+  EXPECT_EQ(State().stored_setting, "21");
   EXPECT_EQ(State().place, CardPlace::kInside);
 }
 

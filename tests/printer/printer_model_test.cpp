@@ -49,7 +49,6 @@ TEST_F(Printer, AsksForTheFrameAgainAfterABadBlockCheck) {
 
 TEST_F(Printer, RejectsWhatItDoesNotTake) {
   EXPECT_EQ(bench_.Send("02 20 03 23"), Chunks{"10"});
-  EXPECT_EQ(bench_.Send("02 31 37 03 05"), Chunks{"10"});
   EXPECT_EQ(bench_.Send("02 4E 03 4D"), Chunks{"10"});
   EXPECT_EQ(bench_.Send("02 FF 03 FC"), Chunks{"10"});
   // A frame with no command in it.
@@ -62,10 +61,9 @@ TEST_F(Printer, TakesEveryCodeOfItsTablesAndNoOther) {
     if (FindCommand(static_cast<std::uint8_t>(code)) != nullptr)
       taken += HexOf(static_cast<std::uint8_t>(code)) + " ";
   }
-  EXPECT_EQ(
-      taken,
-      "21 22 23 25 26 27 29 2A 2B 40 41 42 43 44 45 49 4A 4B 4D 4E 50 51 52 53 54 55 58 59 5A "
-      "5B 5F 91 95 96 ");
+  EXPECT_EQ(taken,
+            "21 22 23 25 26 27 29 2A 2B 31 32 35 36 37 38 39 3A 3B 3C 3D 40 41 42 43 44 45 46 47 "
+            "48 49 4A 4B 4D 4E 50 51 52 53 54 55 58 59 5A 5B 5F 91 95 96 ");
 }
 
 TEST_F(Printer, ServesTwoFramesAtOnce) {

@@ -139,7 +139,8 @@ TEST_P(CardWaits, EndWithAResetAndAreNotAnswered) {
 INSTANTIATE_TEST_SUITE_P(All, CardWaits,
                          testing::Values("02 21 03 22", "02 22 03 21", "02 23 03 20", "02 29 03 2A",
                                          "02 2A 03 29", "02 2B 03 28", "02 51 03 52", "02 52 03 51",
-                                         "02 53 03 50"),
+                                         "02 53 03 50", "02 31 37 03 05", "02 46 31 03 74",
+                                         "02 47 31 03 75", "02 48 31 03 7A"),
                          [](const auto& row) { return "Of" + row.param.substr(3, 2) + "h"; });
 
 TEST(CancelRemovalWait, WithoutACommandThatWaitsHoldsTheCardAsATargetAgain) {

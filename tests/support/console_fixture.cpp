@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QTest>
+#include <QTimer>
 
 namespace vantrel {
 
@@ -42,6 +43,17 @@ void ConsoleTest::AnswerAll(const std::string& data_hex, const std::string& stat
   peer_.OnFrame([=, this](const std::string& frame) {
     peer_.Send(PtyPeer::Reply(frame.substr(2, 2), data_hex, status));
   });
+}
+
+void ConsoleTest::OnForm(std::function<void(QDialog&)> act) {
+  auto* timer = new QTimer(form_.get());
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
+    auto* form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (form == nullptr || !form->isVisible()) return;
+    timer->stop();
+    act(*form);
+  });
+  timer->start(1);
 }
 
 QPushButton* ConsoleTest::Button(const char* name) {

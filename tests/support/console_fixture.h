@@ -5,9 +5,11 @@
 #include "tests/support/pty_peer.h"
 #include "tests/support/scripted_dialogs.h"
 
+#include <QDialog>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -29,6 +31,9 @@ class ConsoleTest : public testing::Test {
   void Choose(const char* name);
   // Lets every frame be answered with a good reply that carries `data_hex`.
   void AnswerAll(const std::string& data_hex = "", const std::string& status = "20");
+
+  // Runs `act` on the editing form that opens next, once it is shown. It must close the form.
+  void OnForm(std::function<void(QDialog& form)> act);
 
   QPushButton* Button(const char* name);
   // The text of a label or text box.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/test_terminal.h"
+
 #include <QSocketNotifier>
 
 #include <functional>
@@ -13,12 +15,9 @@ namespace vantrel {
 class PtyPeer {
  public:
   PtyPeer();
-  ~PtyPeer();
-  PtyPeer(const PtyPeer&) = delete;
-  PtyPeer& operator=(const PtyPeer&) = delete;
 
   // The path of the device that the console opens.
-  const std::string& Device() const { return device_; }
+  const std::string& Device() const { return terminal_.Device(); }
   // Every whole frame received, as hex text from STX to block check.
   const std::vector<std::string>& Frames() const { return frames_; }
   // Runs `answer` for each frame from now on, when it has been received whole.
@@ -26,21 +25,19 @@ class PtyPeer {
     answer_ = std::move(answer);
   }
   // Sends bytes given as hex text; blanks between them do not count.
-  void Send(const std::string& hex);
+  void Send(std::string hex);
   // The device disappears.
   void Vanish();
 
   // A good reply to a command in hex text: 06h and the frame with the given status and data. The
-  // block check is worked out here, bit by bit, not by the code under test.
+  // block check is worked out here, not by the code under test.
   static std::string Reply(const std::string& command, const std::string& data_hex = "",
                            const std::string& status = "20");
 
  private:
   void Read();
 
-  int master_ = -1;
-  int slave_ = -1;  // held so that a console's closing does not end the device
-  std::string device_;
+  TestTerminal terminal_;
   std::string received_;
   std::vector<std::string> frames_;
   std::function<void(const std::string&)> answer_;

@@ -1,0 +1,45 @@
+#include "editors/form_parts.h"
+
+#include <QVBoxLayout>
+
+namespace vantrel {
+
+QPushButton* MakeButton(const QString& name, const QString& caption) {
+  auto* button = new QPushButton(caption);
+  button->setObjectName(name);
+  return button;
+}
+
+QLabel* MakeLabel(const QString& name, const QString& text) {
+  auto* label = new QLabel;
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  label->setText(text);
+  return label;
+}
+
+QBoxLayout* MakeMatrixLayout(QWidget* frame, const QString& origin, DotGrid* grid) {
+  auto* layout = new QVBoxLayout(frame);
+  layout->addWidget(MakeLabel("LblOrigin", origin));
+  layout->addWidget(grid);
+  auto* row = new QHBoxLayout;
+  row->addWidget(MakeLabel("LblDescriptipn", "Click -> Select DbClick -> DeSelect"));
+  row->addStretch();
+  layout->addLayout(row);
+  return row;
+}
+
+PanelBar* AddBodyAndStatusBar(QWidget* form, QLayout* body) {
+  auto* layout = new QVBoxLayout(form);
+  auto* status_bar = new PanelBar("StatusBarExImage");
+  const QMargins margins = layout->contentsMargins();
+  layout->setContentsMargins(0, 0, 0, 0);
+  body->setContentsMargins(margins);
+  layout->addLayout(body, 1);
+  layout->addWidget(status_bar);
+  // The hints are in panel 1 and need the whole width.
+  status_bar->findChild<QLabel*>("StatusBarExImage_2")->hide();
+  return status_bar;
+}
+
+}  // namespace vantrel

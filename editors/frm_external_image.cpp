@@ -1,0 +1,125 @@
+#include "editors/frm_external_image.h"
+
+#include "editors/form_parts.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace vantrel {
+namespace {
+
+// Keeps the form's size and layout while the widget is hidden.
+void RetainSize(QWidget* widget) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
+}
+
+}  // namespace
+
+FrmExternalImage::FrmExternalImage(CommonVariables& common, Dialogs& dialogs, QWidget* parent)
+    : SubForm("FrmExternalImage", parent), dialogs_(dialogs), editor_(common) {
+  auto* side = new QVBoxLayout;
+  side->addWidget(MakeCoordinates());
+  side->addStretch();
+  next_ = MakeButton("CmdNext", ">>");
+  next_->setAccessibleName("Next");
+  connect(next_, &QPushButton::clicked, this, &FrmExternalImage::CmdNext_Click);
+  side->addWidget(next_);
+
+  auto* body = new QHBoxLayout;
+  body->addLayout(side);
+  body->addWidget(MakeMatrix());
+  status_bar_ = AddBodyAndStatusBar(this, body);
+  // From the boxes to what comes next in either step.
+  setTabOrder(set_, grid_.get());
+  setTabOrder(grid_.get(), clear_);
+  setTabOrder(clear_, next_);
+  ShowEditor();
+}
+
+QWidget* FrmExternalImage::MakeCoordinates() {
+  auto* frame = new QGroupBox("Printing Coordinate");
+  frame->setObjectName("FraCoordinate");
+  auto* layout = new QGridLayout(frame);
+  int row = 0;
+  const auto add_box = [&](const QString& axis) {
+    auto* box = new DigitBox("Txt" + axis + "Coordinate", "0", DigitBox::Deleting::kAllowed);
+    connect(box, &DigitBox::Click, this, &FrmExternalImage::TxtCoordinate_Click);
+    auto* label = MakeLabel("Lbl" + axis + "Coordinate", axis + "-Coordinate");
+    label->setBuddy(box);
+    layout->addWidget(label, row, 0);
+    layout->addWidget(box, row++, 1);
+    return box;
+  };
+  x_coordinate_ = add_box("X");
+  y_coordinate_ = add_box("Y");
+  set_ = MakeButton("CmdSet", "Set");
+  RetainSize(set_);
+  connect(set_, &QPushButton::clicked, this, &FrmExternalImage::CmdSet_Click);
+  layout->addWidget(set_, row, 1);
+  return frame;
+}
+
+QWidget* FrmExternalImage::MakeMatrix() {
+  matrix_ = new QGroupBox;
+  matrix_->setObjectName("FraDotMatrix");
+  RetainSize(matrix_);
+  grid_ = std::make_unique<DotGrid>("Lbldot", editor_, 1);
+  auto* layout = MakeMatrixLayout(matrix_, "Origin (0,0)", grid_.get());
+  clear_ = MakeButton("CmdClear", "Clear All");
+  connect(clear_, &QPushButton::clicked, this, &FrmExternalImage::CmdClear_Click);
+  layout->addWidget(clear_);
+  return matrix_;
+}
+
+void FrmExternalImage::Form_Activate() {
+  editor_.Form_Activate();
+  ShowEditor();
+  // What is typed first replaces the text, which Backspace can't remove.
+  x_coordinate_->selectAll();
+}
+
+void FrmExternalImage::TxtCoordinate_Click() {
+  editor_.TxtCoordinate_Click();
+  ShowEditor();
+}
+
+void FrmExternalImage::CmdSet_Click() {
+  const auto invalid = editor_.CmdSet_Click(x_coordinate_->text().toStdString(),
+                                            y_coordinate_->text().toStdString());
+  if (invalid) {
+    dialogs_.MsgBox(invalid->prompt, Buttons::kOk, invalid->title);
+    DigitBox* box = invalid->is_x ? x_coordinate_ : y_coordinate_;
+    box->setText("0");
+    box->setFocus();
+    box->selectAll();
+    return;
+  }
+  ShowEditor();
+  clear_->setFocus();
+}
+
+void FrmExternalImage::CmdClear_Click() {
+  editor_.CmdClear_Click();
+  ShowEditor();
+}
+
+void FrmExternalImage::CmdNext_Click() {
+  editor_.CmdNext_Click(x_coordinate_->text().toStdString(), y_coordinate_->text().toStdString());
+  Unload();
+}
+
+void FrmExternalImage::ShowEditor() {
+  const bool drawing = editor_.CurrentStep() == ImageEditor::Step::kDrawing;
+  setWindowTitle(QString::fromStdString(editor_.Caption()));
+  matrix_->setTitle(QString::fromStdString(editor_.FrameCaption()));
+  status_bar_->SetText(1, editor_.Panel1());
+  matrix_->setVisible(drawing);
+  next_->setEnabled(drawing);
+  set_->setVisible(!drawing);
+  grid_->Refresh();
+}
+
+}  // namespace vantrel

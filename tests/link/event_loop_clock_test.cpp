@@ -1,0 +1,128 @@
+#include "link/event_loop_clock.h"
+
+#include "tests/support/processor_time.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace vantrel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class EventLoopClockTest : public testing::Test, public Clock::Listener {
+ protected:
+  EventLoopClockTest() { clock.SetListener(this); }
+  void OnTick(Timer timer) override { ticks.push_back(timer); }
+  // Waits as the transaction does until the number of ticks is reached.
+  void WaitForTicks(std::size_t count) {
+    while (ticks.size() < count) clock.WaitForEvents();
+  }
+
+  EventLoopClock clock;
+  std::vector<Timer> ticks;
+};
+
+TEST_F(EventLoopClockTest, TicksOnce) {
+  clock.Start(Timer::WaitTimer, 5);
+  WaitForTicks(1);
+  // The other timer's tick comes long after a second tick of the first would have.
+  clock.Start(Timer::TimeOut, 50);
+  WaitForTicks(2);
+  EXPECT_THAT(ticks, ElementsAre(Timer::WaitTimer, Timer::TimeOut));
+}
+
+TEST_F(EventLoopClockTest, BothTimersRunSideBySide) {
+  clock.Start(Timer::TimeOut, 60);
+  clock.Start(Timer::WaitTimer, 10);
+  WaitForTicks(2);
+  EXPECT_THAT(ticks, ElementsAre(Timer::WaitTimer, Timer::TimeOut));
+}
+
+TEST_F(EventLoopClockTest, StartOfARunningTimerBeginsAnew) {
+  QElapsedTimer wall;
+  wall.start();
+  clock.Start(Timer::WaitTimer, 20);
+  clock.Start(Timer::WaitTimer, 80);
+  WaitForTicks(1);
+  EXPECT_GE(wall.elapsed(), 79);
+  EXPECT_EQ(ticks.size(), 1U);
+}
+
+TEST_F(EventLoopClockTest, StoppedTimerDoesNotTick) {
+  clock.Start(Timer::TimeOut, 5);
+  clock.Stop(Timer::TimeOut);
+  clock.Start(Timer::WaitTimer, 50);
+  WaitForTicks(1);
+  EXPECT_THAT(ticks, ElementsAre(Timer::WaitTimer));
+}
+
+TEST_F(EventLoopClockTest, TenMillisecondsAreTenMilliseconds) {
+  std::vector<double> lengths;
+  for (std::size_t i = 1; i <= 31; ++i) {
+    QElapsedTimer wall;
+    wall.start();
+    clock.Start(Timer::WaitTimer, 10);
+    WaitForTicks(i);
+    lengths.push_back(static_cast<double>(wall.nsecsElapsed()) / 1e6);
+  }
+  std::sort(lengths.begin(), lengths.end());
+  EXPECT_GE(lengths.front(), 9.0);
+  // The median, because a busy machine may hold up single ones.
+  EXPECT_LE(lengths[15], 12.0);
+}
+
+TEST_F(EventLoopClockTest, WaitingSleeps) {
+  const double before = ProcessorTime();
+  clock.Start(Timer::WaitTimer, 300);
+  WaitForTicks(1);
+  EXPECT_LT(ProcessorTime() - before, 60.0);
+}
+
+TEST_F(EventLoopClockTest, PollingPassesOfTenMillisecondsSleepToo) {
+  const double before = ProcessorTime();
+  for (std::size_t i = 1; i <= 30; ++i) {
+    clock.Start(Timer::WaitTimer, 10);
+    WaitForTicks(i);
+  }
+  EXPECT_LT(ProcessorTime() - before, 60.0);
+}
+
+TEST_F(EventLoopClockTest, YieldRunsWhatIsPendingAndDoesNotWait) {
+  bool ran = false;
+  QObject target;
+  QMetaObject::invokeMethod(
+      &target, [&ran] { ran = true; }, Qt::QueuedConnection);
+  clock.Start(Timer::TimeOut, 60000);
+  clock.Yield();
+  EXPECT_TRUE(ran);
+  EXPECT_GT(clock.Remaining(Timer::TimeOut), 50000);
+  EXPECT_THAT(ticks, IsEmpty());
+}
+
+TEST_F(EventLoopClockTest, TellsHowMuchOfATimeLimitIsLeft) {
+  EXPECT_EQ(clock.Remaining(Timer::TimeOut), 0);
+  clock.Start(Timer::TimeOut, 60000);
+  EXPECT_EQ(clock.Interval(Timer::TimeOut), 60000);
+  EXPECT_LE(clock.Remaining(Timer::TimeOut), 60000);
+  EXPECT_GT(clock.Remaining(Timer::TimeOut), 50000);
+  clock.Stop(Timer::TimeOut);
+  EXPECT_EQ(clock.Remaining(Timer::TimeOut), 0);
+}
+
+TEST_F(EventLoopClockTest, TickWithoutAListenerIsNoFault) {
+  clock.SetListener(nullptr);
+  clock.Start(Timer::WaitTimer, 1);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return clock.Remaining(Timer::WaitTimer) == 0; }));
+  clock.Yield();
+  EXPECT_THAT(ticks, IsEmpty());
+}
+
+}  // namespace
+}  // namespace vantrel

@@ -1,0 +1,200 @@
+// The card's side of the window: its face, its tracks, the deck.
+
+#include "printer/face_view.h"
+#include "printer/frm_printer.h"
+#include "printer/indicator_sign.h"
+#include "printer/printer_model.h"
+#include "printer/printer_server.h"
+#include "tests/printer/device_user.h"
+#include "tests/printer/scripted_file_chooser.h"
+
+#include <QComboBox>
+#include <QImage>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace vantrel {
+namespace {
+
+class FrmPrinterCard : public testing::Test {
+ protected:
+  FrmPrinterCard() {
+    model_.SetInstantWork(true);
+    form_.show();
+  }
+
+  template <typename Widget>
+  Widget* Find(const char* name) {
+    auto* widget = form_.findChild<Widget*>(name);
+    if (widget == nullptr) throw std::runtime_error(name);
+    return widget;
+  }
+  void Click(const char* name) { QTest::mouseClick(Find<QAbstractButton>(name), Qt::LeftButton); }
+  QString Line(const char* name) { return Find<QLineEdit>(name)->text(); }
+  // Has the deck's card of this index taken as a person would, with the keyboard.
+  void Choose(int index) {
+    auto* deck = Find<QComboBox>("CmbDeck");
+    while (deck->currentIndex() < index) QTest::keyClick(deck, Qt::Key_Down);
+    while (deck->currentIndex() > index) QTest::keyClick(deck, Qt::Key_Up);
+  }
+  // Puts a card with one black dot, at x 1 and y 2, into the printer's hand.
+  void PrintADot() {
+    Card card;
+    card.face.Set(1, 2, true);
+    ASSERT_TRUE(model_.ChangeCard(card));
+    // The model tells of it through its server.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<FaceView>("FaceView")->Picture() == ADot(); }));
+  }
+  static QImage ADot() {
+    QImage picture(480, 320, QImage::Format_Mono);
+    picture.setColorTable({qRgb(255, 255, 255), qRgb(0, 0, 0)});
+    picture.fill(0);
+    picture.setPixel(1, 2, 1);
+    return picture;
+  }
+
+  QTemporaryDir folder_;
+  PrinterModel model_;
+  PrinterServer server_{model_};
+  ScriptedFileChooser files_;
+  FrmPrinter form_{model_, server_, files_};
+};
+
+TEST_F(FrmPrinterCard, ShowsEachDotAsASquareOfWholePixels) {
+  PrintADot();
+  form_.resize(2400, 1500);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Find<FaceView>("FaceView")->Scale() > 1; }));
+  auto* face = Find<FaceView>("FaceView");
+  const int scale = face->Scale();
+  const QImage shown = face->grab().toImage();
+  const QPoint corner((face->width() - 480 * scale) / 2, (face->height() - 320 * scale) / 2);
+  int black = 0;
+  for (int y = 0; y < 320 * scale; ++y) {
+    for (int x = 0; x < 480 * scale; ++x) {
+      const QRgb colour = shown.pixel(corner + QPoint(x, y));
+      const bool in_dot = x / scale == 1 && y / scale == 2;
+      ASSERT_EQ(colour, in_dot ? qRgb(0, 0, 0) : qRgb(255, 255, 255)) << x << ' ' << y;
+      black += in_dot ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(black, scale * scale);
+  EXPECT_EQ(Find<QLabel>("LblScale")->text(), QString("480 × 320 dots, %1:1").arg(scale));
+}
+
+TEST_F(FrmPrinterCard, TurnsThePictureByQuartersClockwise) {
+  PrintADot();
+  auto* face = Find<FaceView>("FaceView");
+  Click("CmdTurn");
+  EXPECT_EQ(face->Picture().size(), QSize(320, 480));
+  // What was the second row from the top is the third column from the right.
+  EXPECT_EQ(face->Picture().pixel(320 - 1 - 2, 1), qRgb(0, 0, 0));
+  Click("CmdTurn");
+  EXPECT_EQ(face->Picture().pixel(480 - 1 - 1, 320 - 1 - 2), qRgb(0, 0, 0));
+  Click("CmdTurn");
+  EXPECT_EQ(face->Picture().pixel(2, 480 - 1 - 1), qRgb(0, 0, 0));
+  Click("CmdTurn");
+  EXPECT_EQ(face->QuarterTurns(), 0);
+  EXPECT_EQ(face->Picture(), ADot());
+}
+
+TEST_F(FrmPrinterCard, SavesThePictureAsItIsTurned) {
+  PrintADot();
+  files_.WillAnswer(folder_.filePath("lying.png"));
+  Click("CmdSavePicture");
+  EXPECT_EQ(files_.LastFilters(), "Pictures (*.png)");
+  const QImage lying(folder_.filePath("lying.png"));
+  EXPECT_EQ(lying.convertToFormat(QImage::Format_RGB32),
+            ADot().convertToFormat(QImage::Format_RGB32));
+  Click("CmdTurn");
+  files_.WillAnswer(folder_.filePath("standing.png"));
+  Click("CmdSavePicture");
+  EXPECT_EQ(QImage(folder_.filePath("standing.png")).size(), QSize(320, 480));
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "Saved to " + folder_.filePath("standing.png"));
+}
+
+TEST_F(FrmPrinterCard, SavesNoPictureWhenTheQuestionIsCancelled) {
+  const QString before = Find<QLabel>("LblLog")->text();
+  files_.WillAnswer("");
+  Click("CmdSavePicture");
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), before);
+}
+
+TEST_F(FrmPrinterCard, SaysWhyAPictureWasNotSaved) {
+  const QString path = folder_.filePath("missing/card.png");
+  files_.WillAnswer(path);
+  Click("CmdSavePicture");
+  EXPECT_TRUE(Find<QLabel>("LblLog")->text().startsWith(path + " was not saved: "));
+}
+
+TEST_F(FrmPrinterCard, MakesCardsAndKeepsThemInTheDeck) {
+  model_.SetTrack(0, "FIRST");
+  Click("CmdNewCard");
+  EXPECT_EQ(Find<QComboBox>("CmbDeck")->currentText(), "Card 2");
+  EXPECT_EQ(Line("TxtTrack_1"), "");
+  QTest::keyClicks(Find<QLineEdit>("TxtTrack_1"), "SECOND");
+  Click("OptCard_1");
+  Choose(0);
+  EXPECT_EQ(Line("TxtTrack_1"), "FIRST");
+  EXPECT_EQ(model_.State().card.kind, CardKind::kOrdinary);
+  Choose(1);
+  EXPECT_EQ(Line("TxtTrack_1"), "SECOND");
+  EXPECT_EQ(model_.State().card.kind, CardKind::kCleaning);
+}
+
+TEST_F(FrmPrinterCard, ChangesTheCardOutsideAlone) {
+  Click("CmdInsertCard");
+  EXPECT_FALSE(Find<QPushButton>("CmdNewCard")->isEnabled());
+  EXPECT_FALSE(Find<QComboBox>("CmbDeck")->isEnabled());
+  EXPECT_FALSE(model_.ChangeCard({}));
+  Click("CmdPullOutCard");
+  EXPECT_TRUE(Find<QPushButton>("CmdNewCard")->isEnabled());
+}
+
+TEST_F(FrmPrinterCard, ShowsTracksAndBuffersAsTextAndHex) {
+  model_.SetTrack(0, "AB");
+  EXPECT_EQ(Line("TxtTrackHex_1"), "41 42");
+  EXPECT_EQ(Line("TxtBuffer_1"), "");
+  EXPECT_EQ(Find<QLineEdit>("TxtBuffer_1")->placeholderText(), "no card has passed");
+  Click("CmdInsertCard");
+  const DeviceUser console(server_.DevicePath());
+  console.Write("02 21 03 22");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Line("TxtBuffer_1") == "AB"; }));
+  EXPECT_EQ(Line("TxtBufferHex_1"), "41 42");
+  EXPECT_EQ(Find<QLineEdit>("TxtBuffer_2")->placeholderText(), "empty");
+}
+
+TEST_F(FrmPrinterCard, TakesFurtherPages) {
+  auto* page = new QLabel("x");
+  form_.AddPage(page, "Faults");
+  auto* pages = Find<QTabWidget>("TabPages");
+  EXPECT_EQ(pages->tabText(pages->count() - 1), "Faults");
+  EXPECT_EQ(pages->widget(pages->count() - 1), page);
+}
+
+TEST_F(FrmPrinterCard, FitsAWindowOf1024By700) {
+  EXPECT_LE(form_.minimumSizeHint().width(), 1024);
+  EXPECT_LE(form_.minimumSizeHint().height(), 700);
+}
+
+TEST(IndicatorSign, TurnsOnAndOffInItsRhythm) {
+  IndicatorSign sign(IndicatorSign::Shape::kLamp);
+  int turned_on = 0;
+  QObject::connect(&sign, &IndicatorSign::TurnedOn, [&] { ++turned_on; });
+  sign.Show('3', Qt::red);
+  EXPECT_TRUE(sign.IsOnNow());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !sign.IsOnNow(); }));
+  sign.Show('2', Qt::red);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return turned_on == 3; }));
+  sign.Show('0', Qt::red);
+  EXPECT_FALSE(sign.IsOnNow());
+}
+
+}  // namespace
+}  // namespace vantrel
