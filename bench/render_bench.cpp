@@ -41,7 +41,9 @@ void RenderAFullCard(benchmark::State& state) {
   PrinterModel model;
   const auto frames = FullCard();
   std::size_t accepted = 0;
-  model.OnSend([&accepted](const Bytes& chunk) { accepted += chunk.front() == 0x06 ? 1 : 0; });
+  model.OnSend([&accepted](const Bytes& chunk) {
+    if (chunk.front() == 0x06) ++accepted;
+  });
   for (auto _ : state) {
     for (const Bytes& frame : frames) model.Receive(frame, Moment{0});
   }
@@ -53,7 +55,9 @@ BENCHMARK(RenderAFullCard)->Unit(benchmark::kMillisecond);
 void ServeFrame(benchmark::State& state, const Bytes& frame) {
   PrinterModel model;
   std::size_t accepted = 0;
-  model.OnSend([&accepted](const Bytes& chunk) { accepted += chunk.front() == 0x06 ? 1 : 0; });
+  model.OnSend([&accepted](const Bytes& chunk) {
+    if (chunk.front() == 0x06) ++accepted;
+  });
   for (auto _ : state) model.Receive(frame, Moment{0});
   if (accepted != static_cast<std::size_t>(state.iterations()))
     state.SkipWithError("A frame was not accepted.");

@@ -176,20 +176,23 @@ constexpr int kQuietModules = 10;
 constexpr int kSubscriptGap = 2;
 constexpr GlyphStyle kSubscriptStyle{16, false, 0};
 
-// Adds the subscript's characters, in the middle of the width, under the bars.
-void DrawSubscript(Bitmap& picture, std::string_view text, int top) {
-  constexpr int kWidth = 8;
-  int left = (picture.Width() - kWidth * static_cast<int>(text.size())) / 2;
+// A line of characters in the middle of a strip of `width` dots, below the gap.
+Bitmap Subscript(std::string_view text, int width) {
+  constexpr int kCellWidth = 8;
+  Bitmap strip(width, kSubscriptGap + kSubscriptStyle.height);
+  int left = (width - kCellWidth * static_cast<int>(text.size())) / 2;
   for (const char character : text) {
     const Bitmap& glyph =
         SystemFonts().Glyph(static_cast<unsigned char>(character), kSubscriptStyle);
     for (int y = 0; y < glyph.Height(); ++y) {
       for (int x = 0; x < glyph.Width(); ++x) {
-        if (picture.Holds(left + x, top + y)) picture.Set(left + x, top + y, glyph.At(x, y));
+        if (strip.Holds(left + x, kSubscriptGap + y))
+          strip.Set(left + x, kSubscriptGap + y, glyph.At(x, y));
       }
     }
-    left += kWidth;
+    left += kCellWidth;
   }
+  return strip;
 }
 
 }  // namespace
@@ -251,19 +254,20 @@ std::string BarcodeText(const BarcodeRequest& request) {
 }
 
 bool DrawBarcode(Bitmap& face, const BarcodeRequest& request) {
+  const int bottom = request.end + (request.subscript ? kSubscriptGap + kSubscriptStyle.height : 0);
+  if (bottom >= kFaceHeight) return false;
+  // One line of the symbol between its quiet zones; drawing makes it as high as the bars are.
   const Modules modules = BarcodeModules(request);
-  const int count = static_cast<int>(modules.size());
-  const int bars = request.end - request.start + 1;
-  const int below = request.subscript ? kSubscriptGap + kSubscriptStyle.height : 0;
-  Bitmap picture((count + 2 * kQuietModules) * kDotsPerModule, bars + below);
-  for (int i = 0; i < count * kDotsPerModule; ++i) {
-    if (!modules[static_cast<std::size_t>(i / kDotsPerModule)]) continue;
-    for (int y = 0; y < bars; ++y) picture.Set(kQuietModules * kDotsPerModule + i, y, true);
-  }
-  if (request.subscript) DrawSubscript(picture, BarcodeText(request), bars + kSubscriptGap);
+  Bitmap line(static_cast<int>(modules.size()) + 2 * kQuietModules, 1);
+  for (std::size_t i = 0; i < modules.size(); ++i)
+    line.Set(kQuietModules + static_cast<int>(i), 0, modules[i]);
+  const int width = line.Width() * kDotsPerModule;
+  const int left = (kFaceWidth - width) / 2;
   constexpr char kHorizontalOverwriting = '1';
-  return Page(face, kHorizontalOverwriting)
-      .Put(picture, (kFaceWidth - picture.Width()) / 2, request.end + below);
+  Page page(face, kHorizontalOverwriting);
+  if (!page.Put(line, left, request.end, kDotsPerModule, request.end - request.start + 1))
+    return false;
+  return !request.subscript || page.Put(Subscript(BarcodeText(request), width), left, bottom);
 }
 
 }  // namespace vantrel

@@ -37,6 +37,8 @@ class Page {
   bool Put(const Bitmap& picture, int left, int bottom, int widen = 1, int heighten = 1);
 
  private:
+  void Fill(int left, int top, int width, int height, bool black);
+
   Bitmap& face_;
   bool vertical_;
   bool overwrites_;

@@ -66,6 +66,8 @@ class PrinterModel {
   // How the printer is made and fitted: a QL-7 without the case accessory parts at start.
   void SetSeries(Series series);
   void SetCaseParts(bool fitted);
+  // The code page of the text of 41h, that of the system's language at start.
+  void SetCodePage(CodePage page) { state_.code_page = page; }
   // Whether every command's work takes no time; false at start.
   void SetInstantWork(bool instant) { instant_ = instant; }
 

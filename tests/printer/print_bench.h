@@ -49,8 +49,9 @@ class PrintBench {
     return chunk.substr(start.size(), 2);
   }
 
+  void SetCodePage(CodePage page) { bench_.model.SetCodePage(page); }
+
   const Bitmap& Image() const { return bench_.model.State().print_image; }
-  const PrinterState& State() const { return bench_.model.State(); }
   Dots Part(int left, int top, int width, int height) const {
     return PartOf(Image(), left, top, width, height);
   }

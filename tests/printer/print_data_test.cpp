@@ -151,7 +151,23 @@ TEST_F(PrintData, MayMoveOutsideWhileNothingIsDrawnThere) {
   EXPECT_EQ(Print("2,0,47,\x1Bs59A"), "51");
 }
 
-// The dots that a line of blocks covers: where each begins and ends in one row.
+TEST_F(PrintData, IsReadInTheCodePageOfThePrinter) {
+  // 8E9A is one two-byte character in Japanese, two of one byte in the Western page.
+  const std::string text =
+      "1,0,15,\x1B"
+      "F0\x8E\x9A";
+  bench_.SetCodePage(CodePage::kJapanese);
+  EXPECT_EQ(Print(text), "20");
+  EXPECT_EQ(bench_.Part(0, 0, 16, 3),
+            (Dots{"......#.........", ".......#........", ".##############."}));
+  bench_.SetCodePage(CodePage::kWestern);
+  EXPECT_EQ(Print(text), "20");
+  // U+017D and U+0161: the caron of a small letter begins two rows below that of a capital.
+  EXPECT_EQ(bench_.Part(0, 0, 16, 3),
+            (Dots{"..#..#..........", "...##...........", "..........#..#.."}));
+}
+
+// What the sequences do shows in where lines of blocks begin and end.
 class Sequences : public PrintData {
  protected:
   Sequences() { EXPECT_EQ(bench_.Send(0x45, kBlock), "20"); }
