@@ -14,6 +14,11 @@ if(VANTREL_SANITIZE)
                                                    -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(vantrel_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(VANTREL_FUZZ)
+  target_compile_options(vantrel_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                                   -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(vantrel_options INTERFACE -fsanitize=address,undefined)
+endif()
 
 # vantrel_logic(<room> SOURCES <file>... [USES <target>...]): plain C++20, never Qt.
 function(vantrel_logic name)
