@@ -21,8 +21,8 @@ Bytes FrameOf(std::uint8_t code, const Reply& reply) {
 }
 
 // The reply as the fault leaves it.
-Bytes FrameOf(std::uint8_t code, const Reply& reply, const std::optional<Fault>& fault) {
-  if (!fault) return FrameOf(code, reply);
+Bytes FrameOf(std::uint8_t code, const Reply& reply, const Fault* fault) {
+  if (fault == nullptr) return FrameOf(code, reply);
   if (fault->kind == Fault::Kind::kWrongEcho)
     return FrameOf(static_cast<std::uint8_t>(code ^ 0x80U), reply);
   Bytes frame = FrameOf(code, reply);
@@ -35,8 +35,9 @@ void Append(Bytes& bytes, const Bytes& more) {
   bytes.insert(bytes.end(), more.begin(), more.end());
 }
 
-std::chrono::milliseconds GapOf(const std::optional<Fault>& fault) {
-  return std::chrono::milliseconds(fault && fault->kind == Fault::Kind::kSplit ? fault->value : 0);
+std::chrono::milliseconds GapOf(const Fault* fault) {
+  return std::chrono::milliseconds(
+      fault != nullptr && fault->kind == Fault::Kind::kSplit ? fault->value : 0);
 }
 
 // Replies that may wait for their time, as many short ones with a fault make them; further ones are
@@ -187,7 +188,7 @@ void PrinterModel::Accept(const Arrival& arrival, Moment now) {
   }
   if (IsStopped(job)) return;
   if (job.Has(Fault::Kind::kNoise)) Append(chunk_, job.fault->noise);
-  if (job.Has(Fault::Kind::kSplit)) chunk_gap_ = GapOf(job.fault);
+  if (job.Has(Fault::Kind::kSplit)) chunk_gap_ = GapOf(job.fault.get());
   if (job.row == nullptr || !IsTaken(*job.row, job.command)) {
     chunk_.push_back(kRejected);
     return;
@@ -226,7 +227,7 @@ bool PrinterModel::IsStopped(Job& job) {
     return true;
   }
   resends_ = 0;
-  job.fault = fault_;
+  job.fault = std::make_shared<const Fault>(*fault_);
   if (fault_->commands && --*fault_->commands == 0) fault_.reset();
   switch (job.fault->kind) {
     case Fault::Kind::kSilence:
@@ -304,7 +305,7 @@ void PrinterModel::Finish(const Job& job) {
 }
 
 void PrinterModel::Answer(const Job& job, const Reply& reply) {
-  Bytes frame = FrameOf(job.command.code, reply, job.fault);
+  Bytes frame = FrameOf(job.command.code, reply, job.fault.get());
   const bool late = job.Has(Fault::Kind::kDelay);
   if (job.Has(Fault::Kind::kJoin)) {
     Append(kept_back_, frame);
@@ -312,7 +313,7 @@ void PrinterModel::Answer(const Job& job, const Reply& reply) {
     Append(chunk_, frame);
   } else if (later_replies_.size() < kMostLaterReplies) {
     const std::chrono::milliseconds delay{late ? job.fault->value : 0};
-    later_replies_.push_back({std::move(frame), GapOf(job.fault), state_.now + delay});
+    later_replies_.push_back({std::move(frame), GapOf(job.fault.get()), state_.now + delay});
   }
 }
 

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -98,7 +99,7 @@ class PrinterModel {
   struct Job {
     const CommandRow* row = nullptr;
     Command command;
-    std::optional<Fault> fault;
+    std::shared_ptr<const Fault> fault;  // null where all goes well
 
     bool Has(Fault::Kind kind) const { return fault && fault->kind == kind; }
   };
