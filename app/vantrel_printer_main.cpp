@@ -22,12 +22,19 @@
 namespace {
 
 constexpr int kUsageError = 2;
+// In bits a second.
+constexpr int kLowestSpeed = 50;
+constexpr int kHighestSpeed = 4000000;
 
 struct Options {
   bool headless = false;
   bool card = false;
   bool instant = false;
   QString link;
+  vantrel::Series series = vantrel::Series::kQl7;
+  int speed = 9600;
+  bool pacing = true;
+  bool case_parts = false;
 };
 
 // The options, or the status with which the program ends now.
@@ -52,7 +59,15 @@ Parsed Parse(const QStringList& arguments) {
       "PATH");
   const QCommandLineOption card("card", "Starts with a card inserted at the front.");
   const QCommandLineOption instant("instant", "Lets every command's work take no time.");
-  parser.addOptions({help, version, headless, link, card, instant});
+  const QCommandLineOption series(
+      "series", "Is a printer of this series, ql7 or ql8; ql7 if not told.", "SERIES", "ql7");
+  const QCommandLineOption speed("speed", "Talks at BPS bits a second; 9600 if not told.", "BPS",
+                                 "9600");
+  const QCommandLineOption no_pacing("no-pacing",
+                                     "Answers at once and at any speed; --instant does so too.");
+  const QCommandLineOption case_parts("case-parts", "Has the case accessory parts fitted.");
+  parser.addOptions(
+      {help, version, headless, link, card, instant, series, speed, no_pacing, case_parts});
   if (!parser.parse(arguments) || !parser.positionalArguments().isEmpty()) {
     const QString error =
         parser.errorText().isEmpty()
@@ -74,8 +89,24 @@ Parsed Parse(const QStringList& arguments) {
     std::cerr << "vantrel-printer: --link needs the path of the link to make.\n";
     return {{}, kUsageError};
   }
-  return {{parser.isSet(headless), parser.isSet(card), parser.isSet(instant), parser.value(link)},
-          {}};
+  Options options{parser.isSet(headless), parser.isSet(card), parser.isSet(instant),
+                  parser.value(link)};
+  if (parser.value(series) == "ql8") {
+    options.series = vantrel::Series::kQl8;
+  } else if (parser.value(series) != "ql7") {
+    std::cerr << "vantrel-printer: --series is ql7 or ql8.\n";
+    return {{}, kUsageError};
+  }
+  bool is_number = false;
+  options.speed = parser.value(speed).toInt(&is_number);
+  if (!is_number || options.speed < kLowestSpeed || options.speed > kHighestSpeed) {
+    std::cerr << "vantrel-printer: --speed needs a number from " << kLowestSpeed << " to "
+              << kHighestSpeed << ".\n";
+    return {{}, kUsageError};
+  }
+  options.pacing = !parser.isSet(no_pacing) && !options.instant;
+  options.case_parts = parser.isSet(case_parts);
+  return {options, {}};
 }
 
 bool HasDisplay() {
@@ -112,12 +143,29 @@ int Serve(const Options& options) {
   const EndWatch end_watch;
   vantrel::PrinterModel model;
   model.SetInstantWork(options.instant);
+  model.SetSeries(options.series);
+  model.SetCaseParts(options.case_parts);
+  model.SetSpeed(options.speed);
+  model.SetPacing(options.pacing);
   model.SetTrack(0, "VANTREL SAMPLE CARD");
   model.SetTrack(1, "0123456789");
   model.SetTrack(2, "9876543210");
   vantrel::PrinterServer server(model);
   std::optional<vantrel::DeviceLink> link;
-  if (!options.link.isEmpty()) link.emplace(options.link.toStdString(), server.DevicePath());
+  const auto set_link = [&link, &options, &server] {
+    link.reset();
+    if (!options.link.isEmpty() && !server.DevicePath().empty())
+      link.emplace(options.link.toStdString(), server.DevicePath());
+  };
+  set_link();
+  // A link that cannot be made again leaves the printer without one; nothing else depends on it.
+  QObject::connect(&server, &vantrel::PrinterServer::DeviceChanged, &server, [&set_link] {
+    try {
+      set_link();
+    } catch (const std::exception& error) {
+      std::cerr << "vantrel-printer: " << error.what() << '\n';
+    }
+  });
   if (options.card) server.InsertCard();
   vantrel::WindowFileChooser files;
   std::unique_ptr<vantrel::FrmPrinter> form;

@@ -16,7 +16,7 @@ if(VANTREL_SANITIZE)
 endif()
 if(VANTREL_FUZZ)
   target_compile_options(vantrel_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
-                                                   -fno-sanitize-recover=all)
+                                                   -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(vantrel_options INTERFACE -fsanitize=address,undefined)
 endif()
 

@@ -14,11 +14,35 @@ bool IsRecordable(char character) {
   return character == 0x01 || (character >= 0x04 && character <= 0x7E);
 }
 
-Bytes FrameOf(const Command& command, const Reply& reply) {
+Bytes FrameOf(std::uint8_t code, const Reply& reply) {
   std::string data = HexOf(reply.status);
   for (const char character : reply.data) data += HexOf(static_cast<std::uint8_t>(character));
-  return BytesOf(ComposeFrame(HexOf(command.code), data));
+  return BytesOf(ComposeFrame(HexOf(code), data));
 }
+
+// The reply as the fault leaves it.
+Bytes FrameOf(std::uint8_t code, const Reply& reply, const Fault* fault) {
+  if (fault == nullptr) return FrameOf(code, reply);
+  if (fault->kind == Fault::Kind::kWrongEcho)
+    return FrameOf(static_cast<std::uint8_t>(code ^ 0x80U), reply);
+  Bytes frame = FrameOf(code, reply);
+  if (fault->kind == Fault::Kind::kBadCheck) frame.back() ^= 0xFFU;
+  if (fault->kind == Fault::Kind::kTruncate) frame.resize(frame.size() - 2);
+  return frame;
+}
+
+void Append(Bytes& bytes, const Bytes& more) {
+  bytes.insert(bytes.end(), more.begin(), more.end());
+}
+
+std::chrono::milliseconds GapOf(const Fault* fault) {
+  return std::chrono::milliseconds(
+      fault != nullptr && fault->kind == Fault::Kind::kSplit ? fault->value : 0);
+}
+
+// Replies that may wait for their time, as many short ones with a fault make them; further ones are
+// lost.
+constexpr std::size_t kMostLaterReplies = 1000;
 
 // Whether the command is served at any moment, whatever else is going on.
 bool IsServedBeside(const CommandRow& row) {
@@ -30,6 +54,11 @@ bool IsServedBeside(const CommandRow& row) {
 void PrinterModel::Receive(std::span<const std::uint8_t> bytes, Moment now) {
   LetTimePass(now);
   if (!state_.power) return;
+  Bytes garbled;
+  if (SpeedsDiffer()) {
+    garbled = HeardAtAnotherSpeed({bytes.begin(), bytes.end()}, *console_speed_, speed_);
+    bytes = garbled;
+  }
   for (const Arrival& arrival : receiver_.Receive(bytes, now)) {
     if (arrival.check_is_good)
       Accept(arrival, now);
@@ -50,7 +79,12 @@ std::optional<Moment> PrinterModel::NextAdvance() const {
   const auto take = [&next](Moment moment) { next = next ? std::min(*next, moment) : moment; };
   if (work_) take(work_->done);
   if (const auto change = state_.indicators.NextChange(state_.now)) take(*change);
-  if (!later_replies_.empty()) take(last_sent_ ? *last_sent_ + kReplyGap : Moment{0});
+  if (const auto due = outgoing_.Deadline()) {
+    take(*due);
+  } else if (!later_replies_.empty()) {
+    const Moment due_reply = later_replies_.front().due;
+    take(last_sent_ ? std::max(due_reply, *last_sent_ + kReplyGap) : due_reply);
+  }
   return next;
 }
 
@@ -109,6 +143,23 @@ void PrinterModel::SetPower(bool on, Moment now) {
   Flush(now);
 }
 
+void PrinterModel::SetFault(std::optional<Fault> fault) {
+  fault_ = std::move(fault);
+  resends_ = 0;
+  if (change_) change_();
+}
+
+void PrinterModel::SetSpeed(int speed) {
+  speed_ = speed;
+  SetPacing(pacing_);
+}
+
+void PrinterModel::SetPacing(bool pacing) {
+  pacing_ = pacing;
+  outgoing_.SetSpeed(pacing ? speed_ : 0);
+  if (change_) change_();
+}
+
 void PrinterModel::SetSeries(Series series) {
   state_.series = series;
   if (change_) change_();
@@ -142,17 +193,22 @@ void PrinterModel::Accept(const Arrival& arrival, Moment now) {
     job.command.data.assign(arrival.content.begin() + 1, arrival.content.end());
     job.row = FindCommand(job.command.code);
   }
+  if (IsStopped(job)) return;
+  if (job.Has(Fault::Kind::kNoise)) Append(chunk_, job.fault->noise);
+  if (job.Has(Fault::Kind::kSplit)) chunk_gap_ = GapOf(job.fault.get());
   if (job.row == nullptr || !IsTaken(*job.row, job.command)) {
     chunk_.push_back(kRejected);
     return;
   }
-  if (job.command.code == kResetCode) EndEverything();
+  if (job.command.code == kResetCode && !job.Has(Fault::Kind::kStatus)) EndEverything();
   const bool beside = IsServedBeside(*job.row);
   if (!beside && line_.size() >= kLongestLine) {
     chunk_.push_back(kRejected);
     return;
   }
-  chunk_.push_back(kAccepted);
+  // What is kept back goes out with the next answer, so only one can be kept back at a time.
+  if (job.Has(Fault::Kind::kJoin) && !kept_back_.empty()) job.fault.reset();
+  (job.Has(Fault::Kind::kJoin) ? kept_back_ : chunk_).push_back(kAccepted);
   acknowledging_ = true;
   if (beside) {
     Finish(job);
@@ -168,6 +224,37 @@ void PrinterModel::Accept(const Arrival& arrival, Moment now) {
 
 bool PrinterModel::IsTaken(const CommandRow& row, const Command& command) const {
   return row.takes(command.data) && (row.fits == nullptr || row.fits(state_, command));
+}
+
+bool PrinterModel::IsStopped(Job& job) {
+  if (!fault_) return false;
+  if (fault_->kind == Fault::Kind::kResend && resends_ < fault_->value) {
+    ++resends_;
+    chunk_.push_back(kSendAgain);
+    return true;
+  }
+  resends_ = 0;
+  job.fault = std::make_shared<const Fault>(*fault_);
+  if (fault_->commands && --*fault_->commands == 0) fault_.reset();
+  switch (job.fault->kind) {
+    case Fault::Kind::kSilence:
+      return true;
+    case Fault::Kind::kReject:
+      chunk_.push_back(kRejected);
+      return true;
+    case Fault::Kind::kUnknownControl:
+      chunk_.push_back(static_cast<std::uint8_t>(job.fault->value));
+      return true;
+    case Fault::Kind::kVanish:
+      vanishing_ = true;
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool PrinterModel::SpeedsDiffer() const {
+  return pacing_ && console_speed_ && *console_speed_ != speed_;
 }
 
 // What a person was to do for an earlier command has no meaning any more once this one begins.
@@ -186,7 +273,7 @@ void PrinterModel::Begin(Job job, Moment now) {
       Finish(job);
       return;
     case Step::kRefuse:
-      Answer(job.command, {status::kNoTargetCard, {}});
+      Answer(job, {status::kNoTargetCard, {}});
       return;
     case Step::kAwaitInsertion:
       state_.wait = CardWait::kInsertion;
@@ -218,15 +305,23 @@ void PrinterModel::DoDueWork(Moment now) {
 }
 
 void PrinterModel::Finish(const Job& job) {
-  Answer(job.command, job.row->work(state_, job.command));
+  if (job.Has(Fault::Kind::kStatus))
+    Answer(job, {static_cast<std::uint8_t>(job.fault->value), {}});
+  else
+    Answer(job, job.row->work(state_, job.command));
 }
 
-void PrinterModel::Answer(const Command& command, const Reply& reply) {
-  Bytes frame = FrameOf(command, reply);
-  if (acknowledging_)
-    chunk_.insert(chunk_.end(), frame.begin(), frame.end());
-  else
-    later_replies_.push_back(std::move(frame));
+void PrinterModel::Answer(const Job& job, const Reply& reply) {
+  Bytes frame = FrameOf(job.command.code, reply, job.fault.get());
+  const bool late = job.Has(Fault::Kind::kDelay);
+  if (job.Has(Fault::Kind::kJoin)) {
+    Append(kept_back_, frame);
+  } else if (acknowledging_ && !late) {
+    Append(chunk_, frame);
+  } else if (later_replies_.size() < kMostLaterReplies) {
+    const std::chrono::milliseconds delay{late ? job.fault->value : 0};
+    later_replies_.push_back({std::move(frame), GapOf(job.fault.get()), state_.now + delay});
+  }
 }
 
 void PrinterModel::EndEverything() {
@@ -234,12 +329,14 @@ void PrinterModel::EndEverything() {
   work_.reset();
   line_.clear();
   later_replies_.clear();
+  kept_back_.clear();
+  outgoing_.Clear();
   state_.wait = CardWait::kNone;
 }
 
 PrinterModel::Step PrinterModel::NextStep(const Job& job) {
   const Need need = job.row->need;
-  if (need == Need::kNothing) return Step::kWork;
+  if (need == Need::kNothing || job.Has(Fault::Kind::kStatus)) return Step::kWork;
   if (need == Need::kBufferOrCard && state_.buffers.at(TrackOf(job.command)))
     return Step::kInstantWork;
   const bool ordinary = state_.card.kind == CardKind::kOrdinary;
@@ -252,17 +349,28 @@ PrinterModel::Step PrinterModel::NextStep(const Job& job) {
 
 void PrinterModel::Flush(Moment now) {
   // An answer to what has just come in goes first; a later reply keeps its distance from it.
-  if (chunk_.empty() && !later_replies_.empty() &&
-      (!last_sent_ || *last_sent_ + kReplyGap <= now)) {
-    chunk_ = std::move(later_replies_.front());
-    later_replies_.pop_front();
-  }
   if (!chunk_.empty()) {
+    Put(std::exchange(chunk_, {}), chunk_gap_, now);
+  } else if (!later_replies_.empty() && outgoing_.IsEmpty() && later_replies_.front().due <= now &&
+             (!last_sent_ || *last_sent_ + kReplyGap <= now)) {
+    const LaterReply reply = std::move(later_replies_.front());
+    later_replies_.pop_front();
+    Put(reply.frame, reply.gap, now);
+  }
+  chunk_gap_ = {};
+  if (const auto due = outgoing_.Take(now)) {
     last_sent_ = now;
-    const Bytes chunk = std::exchange(chunk_, {});
-    if (send_) send_(chunk);
+    const Bytes bytes = SpeedsDiffer() ? HeardAtAnotherSpeed(*due, speed_, *console_speed_) : *due;
+    if (send_ && !bytes.empty()) send_(bytes);
   }
   if (change_) change_();
+  if (std::exchange(vanishing_, false) && vanish_) vanish_();
+}
+
+void PrinterModel::Put(const Bytes& chunk, std::chrono::milliseconds gap, Moment now) {
+  Bytes bytes = std::exchange(kept_back_, {});
+  Append(bytes, chunk);
+  outgoing_.Put(bytes, gap, now);
 }
 
 }  // namespace vantrel

@@ -1,5 +1,7 @@
 #include "printer/pseudo_terminal.h"
 
+#include "printer/line_speed.h"
+
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <termios.h>
@@ -79,6 +81,8 @@ std::size_t PseudoTerminal::Write(const Bytes& bytes) {
   }
   return written;
 }
+
+std::optional<int> PseudoTerminal::ConsoleSpeed() const { return LineSpeedOf(slave_); }
 
 void PseudoTerminal::ClearExclusiveUse() { ioctl(slave_, TIOCNXCL); }
 

@@ -3,6 +3,7 @@
 #include "link/frame.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace vantrel {
@@ -28,6 +29,8 @@ class PseudoTerminal {
   // Writes and returns how many bytes the line took. What does not fit, because nobody reads, is
   // lost as on a line with nobody at its end. Never blocks.
   std::size_t Write(const Bytes& bytes);
+  // The speed in bits a second that the console has set; nothing when it has set none that can be.
+  std::optional<int> ConsoleSpeed() const;
   // Ends exclusive use of the device. A console that was killed leaves it behind, and the next one
   // could not open the device.
   void ClearExclusiveUse();

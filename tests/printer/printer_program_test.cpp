@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include <termios.h>
+
 #include <string>
 
 namespace vantrel {
@@ -120,6 +122,51 @@ TEST_F(PrinterProgram, KeepsServingWhenNobodyReads) {
   EXPECT_TRUE(answered);
 }
 
+TEST_F(PrinterProgram, IsOfTheSeriesThatItIsTold) {
+  const DeviceUser console(Serve({"--card", "--instant", "--series", "ql8"}));
+  console.Write("02 31 31 03 03");
+  EXPECT_EQ(console.Read(1), "10");
+}
+
+TEST_F(PrinterProgram, HasTheCasePartsFittedWhenTold) {
+  const DeviceUser console(Serve({"--card", "--instant", "--case-parts"}));
+  console.Write("02 48 32 03 79");
+  EXPECT_EQ(console.Read(1), "10");
+}
+
+TEST_F(PrinterProgram, UnderstandsAConsoleAtItsSpeedOnly) {
+  const DeviceUser console(Serve({"--speed", "19200"}));
+  termios settings{};
+  ASSERT_EQ(tcgetattr(console.Descriptor(), &settings), 0);
+  // What is asked at 9600 is lost; the first answer is that to the second question.
+  console.Write("02 95 03 96");
+  EXPECT_FALSE(console.ReadsTo("86", 200));
+  cfsetspeed(&settings, B19200);
+  ASSERT_EQ(tcsetattr(console.Descriptor(), TCSANOW, &settings), 0);
+  console.Write("02 96 03 95");
+  EXPECT_EQ(console.Read(7), "06 02 96 20 30 03 85");
+}
+
+TEST_F(PrinterProgram, UnderstandsEverySpeedWithoutPacing) {
+  const DeviceUser console(Serve({"--speed", "19200", "--no-pacing"}));
+  console.Write("02 95 03 96");
+  EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
+}
+
+TEST_F(PrinterProgram, AnswersNoFasterThanTheLine) {
+  const DeviceUser console(Serve({"--speed", "300"}));
+  termios settings{};
+  ASSERT_EQ(tcgetattr(console.Descriptor(), &settings), 0);
+  cfsetspeed(&settings, B300);
+  ASSERT_EQ(tcsetattr(console.Descriptor(), TCSANOW, &settings), 0);
+  QElapsedTimer elapsed;
+  elapsed.start();
+  console.Write("02 95 03 96");
+  EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
+  // 70 bits.
+  EXPECT_GE(elapsed.elapsed(), 233);
+}
+
 TEST_F(PrinterProgram, MakesALinkAndRemovesIt) {
   const QString link = folder_.filePath("printer");
   const std::string device = Serve({"--link", link});
@@ -153,10 +200,26 @@ TEST_F(PrinterProgram, ExplainsEachOption) {
   Start({"--help"});
   EXPECT_EQ(End(), 0);
   const QByteArray help = program_.readAllStandardOutput();
-  for (const char* text :
-       {"--help ", "Tells these options", "--version ", "Tells the version", "--headless ",
-        "Shows no window", "--link <PATH> ", "Makes the symbolic link PATH", "--card ",
-        "Starts with a card inserted at the front.", "--instant ", "take no time."}) {
+  for (const char* text : {"--help ",
+                           "Tells these options",
+                           "--version ",
+                           "Tells the version",
+                           "--headless ",
+                           "Shows no window",
+                           "--link <PATH> ",
+                           "Makes the symbolic link PATH",
+                           "--card ",
+                           "--series <SERIES> ",
+                           "ql7 or ql8",
+                           "--speed <BPS> ",
+                           "bits a second",
+                           "--no-pacing ",
+                           "at any speed",
+                           "--case-parts ",
+                           "accessory parts fitted",
+                           "Starts with a card inserted at the front.",
+                           "--instant ",
+                           "take no time."}) {
     EXPECT_TRUE(help.contains(text)) << text;
   }
 }
@@ -168,10 +231,19 @@ TEST_F(PrinterProgram, TellsItsVersion) {
 }
 
 TEST_F(PrinterProgram, RejectsWhatItDoesNotKnow) {
-  Start({"--speed"});
+  Start({"--haste"});
   EXPECT_EQ(End(), 2);
   EXPECT_TRUE(
-      program_.readAllStandardError().startsWith("vantrel-printer: Unknown option 'speed'.\n"));
+      program_.readAllStandardError().startsWith("vantrel-printer: Unknown option 'haste'.\n"));
+  for (const char* speed : {"", "fast", "0", "-9600", "49", "4000001", "9600.5"}) {
+    Start({"--speed", speed});
+    EXPECT_EQ(End(), 2) << speed;
+    EXPECT_EQ(program_.readAllStandardError(),
+              "vantrel-printer: --speed needs a number from 50 to 4000000.\n");
+  }
+  Start({"--series", "ql9"});
+  EXPECT_EQ(End(), 2);
+  EXPECT_EQ(program_.readAllStandardError(), "vantrel-printer: --series is ql7 or ql8.\n");
   Start({"COM1"});
   EXPECT_EQ(End(), 2);
   EXPECT_TRUE(

@@ -51,6 +51,23 @@ TEST(PseudoTerminal, OutlivesTheOneWhoClosesIt) {
   EXPECT_EQ(terminal.Read(), (Bytes{0x02, 0x21}));
 }
 
+TEST(PseudoTerminal, TellsTheSpeedThatAConsoleHasSet) {
+  PseudoTerminal terminal;
+  const DeviceUser user(terminal.DevicePath());
+  EXPECT_EQ(terminal.ConsoleSpeed(), 9600);
+  termios settings{};
+  ASSERT_EQ(tcgetattr(user.Descriptor(), &settings), 0);
+  for (const auto& [constant, speed] :
+       {std::pair<speed_t, int>(B2400, 2400), std::pair<speed_t, int>(B38400, 38400)}) {
+    cfsetspeed(&settings, constant);
+    ASSERT_EQ(tcsetattr(user.Descriptor(), TCSANOW, &settings), 0);
+    EXPECT_EQ(terminal.ConsoleSpeed(), speed);
+  }
+  cfsetspeed(&settings, B0);
+  ASSERT_EQ(tcsetattr(user.Descriptor(), TCSANOW, &settings), 0);
+  EXPECT_FALSE(terminal.ConsoleSpeed());
+}
+
 TEST(PseudoTerminal, EndsExclusiveUse) {
   PseudoTerminal terminal;
   int exclusive = 0;

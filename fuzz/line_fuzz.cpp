@@ -1,0 +1,140 @@
+// Any bytes on the line of the software printer, in any split, with good frames and a person's hand
+// in between: nothing crashes, nothing piles up, and the next good frame is understood.
+
+#include "link/frame.h"
+#include "printer/printer_model.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <string>
+
+namespace vantrel {
+namespace {
+
+using namespace std::chrono_literals;
+
+// The input, read from its start; nothing but zeroes past its end.
+class Input {
+ public:
+  explicit Input(std::span<const std::uint8_t> bytes) : rest_(bytes) {}
+
+  bool IsAtEnd() const { return rest_.empty(); }
+  std::uint8_t Byte() {
+    if (rest_.empty()) return 0;
+    const std::uint8_t byte = rest_.front();
+    rest_ = rest_.subspan(1);
+    return byte;
+  }
+  Bytes Some() {
+    const std::size_t count = std::min<std::size_t>(Byte(), rest_.size());
+    const Bytes bytes(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(count));
+    rest_ = rest_.subspan(count);
+    return bytes;
+  }
+
+ private:
+  std::span<const std::uint8_t> rest_;
+};
+
+class Printer {
+ public:
+  Printer() {
+    model_.OnSend([this](const Bytes& chunk) {
+      last_ = chunk;
+      sent_ += chunk.size();
+    });
+  }
+
+  void Do(Input& input) {
+    switch (input.Byte() % 12) {
+      case 0:
+        return model_.SetPower(input.Byte() % 4 != 0, now_);
+      case 1:
+        return model_.SetPacing(input.Byte() % 2 == 0);
+      case 2:
+        return model_.SetConsoleSpeed(50 + 37 * input.Byte());
+      case 3:
+        return SetFault(input);
+      case 4:
+        model_.InsertCard(now_);
+        return;
+      case 5:
+        model_.PullOutCard(now_);
+        return;
+      case 6:
+        return model_.SetInstantWork(input.Byte() % 2 == 0);
+      case 7:
+        return Pass(std::chrono::milliseconds(input.Byte() * 8));
+      case 8:
+      case 9:
+        return model_.Receive(input.Some(), now_);
+      default:
+        return model_.Receive(Frame(input.Some()), now_);
+    }
+  }
+
+  // Ends with a reset that must be answered.
+  bool UnderstandsAReset() {
+    model_.SetFault({});
+    model_.SetPacing(false);
+    model_.SetPower(true, now_);
+    Pass(kFrameSilence);
+    model_.Receive(BytesOf("025F035C"), now_);
+    Pass(2s);
+    constexpr std::ptrdiff_t kReplyBytes = 5;
+    return last_.size() >= kReplyBytes &&
+           Bytes(last_.end() - kReplyBytes, last_.end()) == BytesOf("025F20037C");
+  }
+
+  std::size_t Sent() const { return sent_; }
+
+ private:
+  // A frame whose block check is good, unless the content holds STX or ETX.
+  static Bytes Frame(const Bytes& content) {
+    if (content.empty()) return BytesOf("020303");
+    return BytesOf(
+        ComposeFrame(HexOf(content.front()), HexTextOf(Bytes(content.begin() + 1, content.end()))));
+  }
+
+  void SetFault(Input& input) {
+    const FaultRow& row = FaultRows()[input.Byte() % FaultRows().size()];
+    Fault fault;
+    fault.kind = row.kind;
+    fault.value = std::clamp<unsigned>(input.Byte(), row.least, row.most);
+    if (row.value == FaultValue::kHexBytes) fault.noise = input.Some();
+    fault.commands = 1 + input.Byte() % 4;
+    model_.SetFault(fault);
+  }
+
+  void Pass(std::chrono::milliseconds time) {
+    const Moment end = now_ + time;
+    while (model_.NextAdvance() && *model_.NextAdvance() <= end) {
+      now_ = std::max(now_, *model_.NextAdvance());
+      model_.Advance(now_);
+    }
+    now_ = end;
+  }
+
+  PrinterModel model_;
+  Moment now_{0};
+  Bytes last_;
+  std::size_t sent_ = 0;
+};
+
+}  // namespace
+}  // namespace vantrel
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  vantrel::Input input({data, size});
+  vantrel::Printer printer;
+  while (!input.IsAtEnd()) printer.Do(input);
+  if (!printer.UnderstandsAReset()) std::abort();
+  // No answer is longer than a track and a fault's noise, and each takes two bytes of input or
+  // more.
+  if (printer.Sent() > 1024 * (size + 2)) std::abort();
+  return 0;
+}
