@@ -95,7 +95,7 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   halves->setHandleWidth(kMargin);
   halves->addWidget(top);
   halves->addWidget(MakeLog(files));
-  halves->setStretchFactor(0, 0);
+  halves->setStretchFactor(0, 2);
   halves->setStretchFactor(1, 1);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -106,10 +106,7 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   draw_face_.setSingleShot(true);
   connect(&draw_face_, &QTimer::timeout, this, [this] { face_->Show(model_.State().card.face); });
   connect(&server_, &PrinterServer::Changed, this, &FrmPrinter::Refresh);
-  connect(&server_, &PrinterServer::Received, this,
-          [this](const QByteArray& bytes) { recorder_.Record(Direction::kFromConsole, bytes); });
-  connect(&server_, &PrinterServer::Sent, this,
-          [this](const QByteArray& bytes) { recorder_.Record(Direction::kFromPrinter, bytes); });
+  recorder_.RecordLineOf(server_);
   Refresh();
   ShowScale();
   resize(1024, 700);

@@ -69,7 +69,7 @@ class FrmPrinterCard : public testing::Test {
 
 TEST_F(FrmPrinterCard, ShowsEachDotAsASquareOfWholePixels) {
   PrintADot();
-  form_.resize(2400, 1500);
+  form_.resize(2400, 1700);
   ASSERT_TRUE(QTest::qWaitFor([&] { return Find<FaceView>("FaceView")->Scale() > 1; }));
   auto* face = Find<FaceView>("FaceView");
   const int scale = face->Scale();
