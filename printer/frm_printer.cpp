@@ -97,6 +97,8 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   halves->addWidget(MakeLog(files));
   halves->setStretchFactor(0, 2);
   halves->setStretchFactor(1, 1);
+  // At first the face is at its smallest, and the log has the rest.
+  halves->setSizes({0, 1000});
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout->setSpacing(kMargin);
@@ -128,6 +130,7 @@ QWidget* FrmPrinter::MakeStateBar() {
     small.setPointSizeF(small.pointSizeF() * 0.85);
     title->setFont(small);
     title->setForegroundRole(QPalette::PlaceholderText);
+    title->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
     if (sign != nullptr) row->addWidget(sign);
