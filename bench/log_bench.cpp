@@ -1,6 +1,7 @@
 // What does one more entry cost the log of the line and its table, with none and with a million in
 // it? And what do the words of a frame cost?
 
+#include "link/frame.h"
 #include "printer/line_recorder.h"
 #include "printer/log_model.h"
 

@@ -133,9 +133,9 @@ QWidget* FrmPrinter::MakeStateBar() {
     title->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
-    if (sign != nullptr) row->addWidget(sign);
+    if (sign != nullptr) row->addWidget(sign, 0, Qt::AlignVCenter);
     row->addWidget(value, 1);
-    if (more != nullptr) row->addWidget(more);
+    if (more != nullptr) row->addWidget(more, 0, Qt::AlignVCenter);
     auto* column = new QVBoxLayout;
     column->setSpacing(1);
     column->addWidget(title);
