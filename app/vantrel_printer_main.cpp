@@ -1,16 +1,26 @@
+#include "app/printer_options.h"
 #include "printer/device_link.h"
+#include "printer/fault.h"
+#include "printer/fault_page.h"
 #include "printer/frm_printer.h"
+#include "printer/frm_through.h"
+#include "printer/line_recorder.h"
 #include "printer/printer_model.h"
+#include "printer/printer_script.h"
 #include "printer/printer_server.h"
+#include "printer/through_server.h"
 #include "printer/window_file_chooser.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
+#include <QFile>
 #include <QSocketNotifier>
 
 #include <sys/signalfd.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
@@ -20,94 +30,6 @@
 #include <string>
 
 namespace {
-
-constexpr int kUsageError = 2;
-// In bits a second.
-constexpr int kLowestSpeed = 50;
-constexpr int kHighestSpeed = 4000000;
-
-struct Options {
-  bool headless = false;
-  bool card = false;
-  bool instant = false;
-  QString link;
-  vantrel::Series series = vantrel::Series::kQl7;
-  int speed = 9600;
-  bool pacing = true;
-  bool case_parts = false;
-};
-
-// The options, or the status with which the program ends now.
-struct Parsed {
-  Options options;
-  std::optional<int> end;
-};
-
-Parsed Parse(const QStringList& arguments) {
-  QCommandLineParser parser;
-  parser.setApplicationDescription(
-      "A card printer in software. It answers on a pseudo-terminal as a printer on a serial line\n"
-      "would; the first line that it prints is the device to open.");
-  const QCommandLineOption help({"h", "help"}, "Tells these options and ends.");
-  const QCommandLineOption version({"v", "version"}, "Tells the version and ends.");
-  const QCommandLineOption headless("headless",
-                                    "Shows no window and needs no display; serves until ended.");
-  const QCommandLineOption link(
-      "link",
-      "Makes the symbolic link PATH to the device, and removes it at the end. "
-      "A link that leads nowhere is replaced, anything else at PATH is an error.",
-      "PATH");
-  const QCommandLineOption card("card", "Starts with a card inserted at the front.");
-  const QCommandLineOption instant("instant", "Lets every command's work take no time.");
-  const QCommandLineOption series(
-      "series", "Is a printer of this series, ql7 or ql8; ql7 if not told.", "SERIES", "ql7");
-  const QCommandLineOption speed("speed", "Talks at BPS bits a second; 9600 if not told.", "BPS",
-                                 "9600");
-  const QCommandLineOption no_pacing("no-pacing",
-                                     "Answers at once and at any speed; --instant does so too.");
-  const QCommandLineOption case_parts("case-parts", "Has the case accessory parts fitted.");
-  parser.addOptions(
-      {help, version, headless, link, card, instant, series, speed, no_pacing, case_parts});
-  if (!parser.parse(arguments) || !parser.positionalArguments().isEmpty()) {
-    const QString error =
-        parser.errorText().isEmpty()
-            ? QString("Unexpected argument '%1'.").arg(parser.positionalArguments().first())
-            : parser.errorText();
-    std::cerr << "vantrel-printer: " << error.toStdString()
-              << "\nTry 'vantrel-printer --help' for the options.\n";
-    return {{}, kUsageError};
-  }
-  if (parser.isSet(help)) {
-    std::cout << parser.helpText().toStdString();
-    return {{}, EXIT_SUCCESS};
-  }
-  if (parser.isSet(version)) {
-    std::cout << "vantrel-printer " VANTREL_VERSION "\n";
-    return {{}, EXIT_SUCCESS};
-  }
-  if (parser.isSet(link) && parser.value(link).isEmpty()) {
-    std::cerr << "vantrel-printer: --link needs the path of the link to make.\n";
-    return {{}, kUsageError};
-  }
-  Options options{parser.isSet(headless), parser.isSet(card), parser.isSet(instant),
-                  parser.value(link)};
-  if (parser.value(series) == "ql8") {
-    options.series = vantrel::Series::kQl8;
-  } else if (parser.value(series) != "ql7") {
-    std::cerr << "vantrel-printer: --series is ql7 or ql8.\n";
-    return {{}, kUsageError};
-  }
-  bool is_number = false;
-  options.speed = parser.value(speed).toInt(&is_number);
-  if (!is_number || options.speed < kLowestSpeed || options.speed > kHighestSpeed) {
-    std::cerr << "vantrel-printer: --speed needs a number from " << kLowestSpeed << " to "
-              << kHighestSpeed << ".\n";
-    return {{}, kUsageError};
-  }
-  options.pacing = !parser.isSet(no_pacing) && !options.instant;
-  options.case_parts = parser.isSet(case_parts);
-  return {options, {}};
-}
 
 bool HasDisplay() {
   return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
@@ -139,7 +61,93 @@ class EndWatch {
   QSocketNotifier notifier_;
 };
 
-int Serve(const Options& options) {
+// Hands standard input to a script and writes the answers to standard output.
+class ScriptConsole {
+ public:
+  explicit ScriptConsole(vantrel::PrinterScript& script)
+      : script_(script), input_(STDIN_FILENO, QSocketNotifier::Read) {
+    QObject::connect(
+        &script, &vantrel::PrinterScript::Answered, &input_,
+        [](const QString& answer) { std::cout << answer.toLocal8Bit().constData() << std::endl; });
+    QObject::connect(&script, &vantrel::PrinterScript::Finished, &input_,
+                     [] { QCoreApplication::exit(EXIT_SUCCESS); });
+    QObject::connect(&input_, &QSocketNotifier::activated, &input_, [this] { Read(); });
+  }
+
+ private:
+  void Read() {
+    std::array<char, 4096> part{};
+    const ssize_t count = read(STDIN_FILENO, part.data(), part.size());
+    if (count > 0) {
+      script_.Feed({part.data(), static_cast<std::size_t>(count)});
+    } else if (count == 0 || errno != EINTR) {
+      input_.setEnabled(false);
+      script_.End();
+    }
+  }
+
+  vantrel::PrinterScript& script_;
+  QSocketNotifier input_;
+};
+
+// The link to the device, if one is asked for.
+std::unique_ptr<vantrel::DeviceLink> MakeLink(const PrinterOptions& options,
+                                              const std::string& device) {
+  if (options.link.isEmpty()) return nullptr;
+  return std::make_unique<vantrel::DeviceLink>(options.link.toStdString(), device);
+}
+
+// Makes the link and tells the device to open.
+std::unique_ptr<vantrel::DeviceLink> Announce(const PrinterOptions& options,
+                                              const std::string& device) {
+  auto link = MakeLink(options, device);
+  std::cout << device << std::endl;
+  return link;
+}
+
+void Complain(const std::string& error) { std::cerr << "vantrel-printer: " << error << '\n'; }
+
+// Each line of the log to standard output, when it is complete.
+void PrintLog(vantrel::LineRecorder& recorder) {
+  QObject::connect(&recorder, &vantrel::LineRecorder::Recorded, &recorder,
+                   [&recorder, printed = std::size_t{0}]() mutable {
+                     const vantrel::LineLog& log = recorder.Log();
+                     for (printed = std::max(printed, log.First()); printed < log.Settled();
+                          ++printed)
+                       std::cout << vantrel::TextLineOf(log.At(printed)) << '\n';
+                     std::cout.flush();
+                   });
+}
+
+int PassThrough(const PrinterOptions& options) {
+  const EndWatch end_watch;
+  vantrel::LineRecorder recorder;
+  vantrel::ThroughServer server(QFile::encodeName(options.through).toStdString(), recorder);
+  vantrel::WindowFileChooser files;
+  std::unique_ptr<vantrel::FrmThrough> form;
+  if (options.headless) {
+    PrintLog(recorder);
+  } else {
+    form = std::make_unique<vantrel::FrmThrough>(QString::fromStdString(server.DevicePath()),
+                                                 options.through, recorder, files);
+    form->show();
+  }
+  bool gone = false;
+  QObject::connect(&server, &vantrel::ThroughServer::Ended, &server, [&](const QString& reason) {
+    gone = true;
+    Complain(reason.toLocal8Bit().toStdString());
+    // A window stays, so that its log can be saved.
+    if (form)
+      form->TellEnd(reason);
+    else
+      QCoreApplication::exit(EXIT_FAILURE);
+  });
+  const auto link = Announce(options, server.DevicePath());
+  const int status = QCoreApplication::exec();
+  return gone ? EXIT_FAILURE : status;
+}
+
+int Serve(const PrinterOptions& options) {
   const EndWatch end_watch;
   vantrel::PrinterModel model;
   model.SetInstantWork(options.instant);
@@ -151,21 +159,6 @@ int Serve(const Options& options) {
   model.SetTrack(1, "0123456789");
   model.SetTrack(2, "9876543210");
   vantrel::PrinterServer server(model);
-  std::optional<vantrel::DeviceLink> link;
-  const auto set_link = [&link, &options, &server] {
-    link.reset();
-    if (!options.link.isEmpty() && !server.DevicePath().empty())
-      link.emplace(options.link.toStdString(), server.DevicePath());
-  };
-  set_link();
-  // A link that cannot be made again leaves the printer without one; nothing else depends on it.
-  QObject::connect(&server, &vantrel::PrinterServer::DeviceChanged, &server, [&set_link] {
-    try {
-      set_link();
-    } catch (const std::exception& error) {
-      std::cerr << "vantrel-printer: " << error.what() << '\n';
-    }
-  });
   if (options.card) server.InsertCard();
   vantrel::WindowFileChooser files;
   std::unique_ptr<vantrel::FrmPrinter> form;
@@ -173,7 +166,39 @@ int Serve(const Options& options) {
     form = std::make_unique<vantrel::FrmPrinter>(model, server, files);
     form->show();
   }
-  std::cout << server.DevicePath() << std::endl;
+  vantrel::LineRecorder recorder;
+  vantrel::PrinterScript script(model, server, recorder);
+  const auto set_fault = [&model](const std::string& text, std::string& error) {
+    try {
+      if (text == "clear")
+        model.SetFault(std::nullopt);
+      else
+        model.SetFault(vantrel::ParseFault(text));
+      return true;
+    } catch (const std::invalid_argument& refusal) {
+      error = refusal.what();
+      return false;
+    }
+  };
+  script.SetFaultSetter(set_fault);
+  if (form) form->AddPage(new vantrel::FaultPage(set_fault), "Faults");
+  std::optional<ScriptConsole> console;
+  if (options.script) {
+    recorder.RecordLineOf(server);
+    console.emplace(script);
+  }
+  auto link = Announce(options, server.DevicePath());
+  // The device may go and come back under another name. A link that cannot be made again leaves the
+  // printer without one; nothing else depends on it.
+  QObject::connect(&server, &vantrel::PrinterServer::DeviceChanged, &server, [&] {
+    link.reset();
+    if (server.DevicePath().empty()) return;
+    try {
+      link = MakeLink(options, server.DevicePath());
+    } catch (const std::exception& error) {
+      Complain(error.what());
+    }
+  });
   return QCoreApplication::exec();
 }
 
@@ -186,20 +211,20 @@ int main(int argc, char** argv) {
 
   // Help, errors and a printer without a window need no display, so the options are read first.
   auto application = std::make_unique<QCoreApplication>(argc, argv);
-  const auto [options, end] = Parse(QCoreApplication::arguments());
+  const auto [options, end] = ParsePrinterOptions(QCoreApplication::arguments());
   if (end) return *end;
   if (!options.headless) {
     if (!HasDisplay()) {
-      std::cerr << "vantrel-printer: there is no display for the window; --headless needs none.\n";
+      Complain("there is no display for the window; --headless needs none.");
       return EXIT_FAILURE;
     }
     application.reset();
     application = std::make_unique<QApplication>(argc, argv);
   }
   try {
-    return Serve(options);
+    return options.through.isEmpty() ? Serve(options) : PassThrough(options);
   } catch (const std::exception& error) {
-    std::cerr << "vantrel-printer: " << error.what() << '\n';
+    Complain(error.what());
     return EXIT_FAILURE;
   }
 }

@@ -95,8 +95,10 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   halves->setHandleWidth(kMargin);
   halves->addWidget(top);
   halves->addWidget(MakeLog(files));
-  halves->setStretchFactor(0, 0);
+  halves->setStretchFactor(0, 2);
   halves->setStretchFactor(1, 1);
+  // At first the face is at its smallest, and the log has the rest.
+  halves->setSizes({0, 1000});
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout->setSpacing(kMargin);
@@ -106,10 +108,7 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   draw_face_.setSingleShot(true);
   connect(&draw_face_, &QTimer::timeout, this, [this] { face_->Show(model_.State().card.face); });
   connect(&server_, &PrinterServer::Changed, this, &FrmPrinter::Refresh);
-  connect(&server_, &PrinterServer::Received, this,
-          [this](const QByteArray& bytes) { recorder_.Record(Direction::kFromConsole, bytes); });
-  connect(&server_, &PrinterServer::Sent, this,
-          [this](const QByteArray& bytes) { recorder_.Record(Direction::kFromPrinter, bytes); });
+  recorder_.RecordLineOf(server_);
   Refresh();
   ShowScale();
   resize(1024, 700);
@@ -131,11 +130,12 @@ QWidget* FrmPrinter::MakeStateBar() {
     small.setPointSizeF(small.pointSizeF() * 0.85);
     title->setFont(small);
     title->setForegroundRole(QPalette::PlaceholderText);
+    title->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* row = new QHBoxLayout;
     row->setSpacing(6);
-    if (sign != nullptr) row->addWidget(sign);
+    if (sign != nullptr) row->addWidget(sign, 0, Qt::AlignVCenter);
     row->addWidget(value, 1);
-    if (more != nullptr) row->addWidget(more);
+    if (more != nullptr) row->addWidget(more, 0, Qt::AlignVCenter);
     auto* column = new QVBoxLayout;
     column->setSpacing(1);
     column->addWidget(title);

@@ -1,5 +1,7 @@
 #include "printer/line_recorder.h"
 
+#include "printer/printer_server.h"
+
 #include <chrono>
 #include <span>
 
@@ -20,6 +22,13 @@ LineRecorder::LineRecorder(QObject* parent) : QObject(parent) {
     if (log_.Settled() < log_.End()) silence_.start();
     emit Recorded();
   });
+}
+
+void LineRecorder::RecordLineOf(PrinterServer& server) {
+  connect(&server, &PrinterServer::Received, this,
+          [this](const QByteArray& bytes) { Record(Direction::kFromConsole, bytes); });
+  connect(&server, &PrinterServer::Sent, this,
+          [this](const QByteArray& bytes) { Record(Direction::kFromPrinter, bytes); });
 }
 
 void LineRecorder::Record(Direction direction, const QByteArray& bytes) {

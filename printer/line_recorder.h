@@ -8,6 +8,8 @@
 
 namespace vantrel {
 
+class PrinterServer;
+
 // Keeps a log of a line and tells when it has changed.
 class LineRecorder : public QObject {
   Q_OBJECT
@@ -15,6 +17,8 @@ class LineRecorder : public QObject {
  public:
   explicit LineRecorder(QObject* parent = nullptr);
 
+  // Adds what goes over a server's line from now on, as long as both live.
+  void RecordLineOf(PrinterServer& server);
   // Adds bytes to the log, as of this moment or of a moment handed in.
   void Record(Direction direction, const QByteArray& bytes);
   void Record(Direction direction, const QByteArray& bytes, WallTime when);

@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -41,12 +42,12 @@ LogPanel::LogPanel(LineRecorder& recorder, FileChooser& files, QWidget* parent)
   layout->addWidget(MakeBar());
   layout->addWidget(TxtLog, 1);
   connect(model_, &LogModel::rowsInserted, this, [this] {
-    if (ChkFollow->isChecked()) TxtLog->scrollToBottom();
+    Follow();
     ShowCount();
   });
   connect(model_, &LogModel::rowsRemoved, this, &LogPanel::ShowCount);
   connect(model_, &LogModel::modelReset, this, [this] {
-    if (ChkFollow->isChecked()) TxtLog->scrollToBottom();
+    Follow();
     ShowCount();
   });
   ShowCount();
@@ -63,6 +64,8 @@ bool LogPanel::eventFilter(QObject* watched, QEvent* event) {
     CmdCopyLog_Click();
     return true;
   }
+  if (watched == TxtLog->viewport() && event->type() == QEvent::Resize)
+    QTimer::singleShot(0, this, &LogPanel::Follow);
   // Someone who looks at earlier lines is not to be pulled away from them.
   if (watched == TxtLog->viewport() && event->type() == QEvent::Wheel &&
       static_cast<QWheelEvent*>(event)->angleDelta().y() > 0)
@@ -76,9 +79,7 @@ QWidget* LogPanel::MakeBar() {
   ChkFollow->setObjectName("ChkFollow");
   ChkFollow->setToolTip(tr("Keeps the newest line in sight."));
   ChkFollow->setChecked(true);
-  connect(ChkFollow, &QCheckBox::toggled, this, [this](bool follow) {
-    if (follow) TxtLog->scrollToBottom();
-  });
+  connect(ChkFollow, &QCheckBox::toggled, this, &LogPanel::Follow);
   CmbLogDirection = new QComboBox(bar);
   CmbLogDirection->setObjectName("CmbLogDirection");
   CmbLogDirection->addItems({tr("Both ways"), tr("Received"), tr("Sent")});
@@ -198,6 +199,10 @@ void LogPanel::CmdClearLog_Click() {
   recorder_.Clear();
   model_->CatchUp();
   ShowCount();
+}
+
+void LogPanel::Follow() {
+  if (ChkFollow->isChecked()) TxtLog->scrollToBottom();
 }
 
 void LogPanel::ShowCount() { Tell(Lines(model_->rowCount())); }

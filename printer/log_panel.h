@@ -37,6 +37,8 @@ class LogPanel : public QWidget {
   void CmdCopyLog_Click();
   void CmdSaveLog_Click();
   void CmdClearLog_Click();
+  // Has the newest line in sight, if that is wished.
+  void Follow();
   void ShowCount();
 
   LineRecorder& recorder_;

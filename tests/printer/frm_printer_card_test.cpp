@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -69,7 +70,8 @@ class FrmPrinterCard : public testing::Test {
 
 TEST_F(FrmPrinterCard, ShowsEachDotAsASquareOfWholePixels) {
   PrintADot();
-  form_.resize(2400, 1500);
+  form_.resize(2400, 1700);
+  Find<QSplitter>("SplHalves")->setSizes({1200, 300});
   ASSERT_TRUE(QTest::qWaitFor([&] { return Find<FaceView>("FaceView")->Scale() > 1; }));
   auto* face = Find<FaceView>("FaceView");
   const int scale = face->Scale();

@@ -18,6 +18,7 @@
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -100,6 +101,24 @@ TEST_F(LogPanelTest, FollowsOrStays) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return !IsAtEnd(); }));
   Click("ChkFollow");
   EXPECT_TRUE(IsAtEnd());
+}
+
+TEST_F(LogPanelTest, FollowsWhenItBecomesSmaller) {
+  Exchange(100);
+  ASSERT_TRUE(HasRows(200));
+  panel_.resize(900, 150);
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return Table()->rowAt(Table()->viewport()->height() - 6) == 199; }));
+}
+
+TEST_F(LogPanelTest, StaysWhenTheWheelTurnsBack) {
+  Exchange(100);
+  ASSERT_TRUE(HasRows(200));
+  const QPointF middle = Table()->viewport()->rect().center();
+  QWheelEvent back(middle, Table()->viewport()->mapToGlobal(middle), {}, QPoint(0, 120),
+                   Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(Table()->viewport(), &back);
+  EXPECT_FALSE(Find<QCheckBox>("ChkFollow")->isChecked());
 }
 
 TEST_F(LogPanelTest, FiltersByDirectionAndText) {

@@ -1,11 +1,10 @@
+#include "tests/printer/printer_program.h"
+
 #include "tests/printer/device_user.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QProcessEnvironment>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 #include <termios.h>
@@ -14,38 +13,6 @@
 
 namespace vantrel {
 namespace {
-
-// The built program, as a process of its own.
-class PrinterProgram : public testing::Test {
- protected:
-  ~PrinterProgram() override {
-    if (program_.state() == QProcess::NotRunning) return;
-    program_.kill();
-    program_.waitForFinished();
-  }
-
-  void Start(const QStringList& options) { program_.start(VANTREL_PRINTER_PROGRAM, options); }
-
-  // Starts it without a window and returns the device that its first line names.
-  std::string Serve(const QStringList& options = {}) {
-    Start(QStringList{"--headless"} + options);
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (!program_.canReadLine() && elapsed.elapsed() < 10000 && program_.waitForReadyRead(1000))
-      continue;
-    return program_.readLine().trimmed().toStdString();
-  }
-
-  // Waits for its end and returns its status; -1 when it does not end of itself.
-  int End() {
-    const bool ended = program_.state() == QProcess::NotRunning || program_.waitForFinished(10000);
-    if (!ended || program_.exitStatus() != QProcess::NormalExit) return -1;
-    return program_.exitCode();
-  }
-
-  QProcess program_;
-  QTemporaryDir folder_;
-};
 
 TEST_F(PrinterProgram, ServesWithoutAWindowUntilItIsEnded) {
   const DeviceUser console(Serve());
@@ -219,7 +186,11 @@ TEST_F(PrinterProgram, ExplainsEachOption) {
                            "accessory parts fitted",
                            "Starts with a card inserted at the front.",
                            "--instant ",
-                           "take no time."}) {
+                           "take no time.",
+                           "--script ",
+                           "Takes commands from standard input",
+                           "--through <DEVICE> ",
+                           "passes on every byte"}) {
     EXPECT_TRUE(help.contains(text)) << text;
   }
 }
@@ -251,6 +222,14 @@ TEST_F(PrinterProgram, RejectsWhatItDoesNotKnow) {
   Start({"--link"});
   EXPECT_EQ(End(), 2);
   EXPECT_TRUE(program_.readAllStandardError().contains("link"));
+  Start({"--script"});
+  EXPECT_EQ(End(), 2);
+  EXPECT_TRUE(
+      program_.readAllStandardError().startsWith("vantrel-printer: --script needs --headless.\n"));
+  Start({"--through", "/dev/null", "--card"});
+  EXPECT_EQ(End(), 2);
+  EXPECT_TRUE(program_.readAllStandardError().startsWith(
+      "vantrel-printer: --card has no meaning with --through"));
 }
 
 }  // namespace
