@@ -150,8 +150,9 @@ void Tour::PrintCard() {
         TypeInto(form, "TxtXCoordinate", "420");
         TypeInto(form, "TxtYCoordinate", "250");
       },
-      "CmdEscg");
-  boxes_.Expect([](QDialog& box) { TypeAndPressOk(box, "0"); });
+      "CmdEsc_i");
+  Answer("", "Yes");
+  Type("", "0");
   Press("Cmd41");
   Fill(
       "barcode",
