@@ -313,8 +313,16 @@ void FrmVantrel::EnableCommandButtons(bool enabled) {
   }
 }
 
-void FrmVantrel::HideConsole() { hide(); }
-void FrmVantrel::ShowConsole() { show(); }
+void FrmVantrel::HideConsole() {
+  position_ = pos();
+  hide();
+}
+
+void FrmVantrel::ShowConsole() {
+  // A window manager would place the window anew.
+  move(position_);
+  show();
+}
 void FrmVantrel::ShowFrmPrintBuffer() { FrmPrintBuffer(common_, dialogs_).exec(); }
 
 void FrmVantrel::ShowFrm4E(const std::string& caption) {
