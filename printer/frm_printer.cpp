@@ -67,11 +67,6 @@ QLineEdit* MakeReading(const QString& name, const QString& spoken, QWidget* pare
   return box;
 }
 
-QColor LedColour(char colour) {
-  if (colour == '2') return {0xe5, 0x39, 0x35};
-  return colour == '3' ? QColor(0xff, 0x98, 0x00) : QColor(0x2e, 0xb8, 0x5c);
-}
-
 }  // namespace
 
 FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& files,
@@ -166,10 +161,12 @@ QWidget* FrmPrinter::MakeStateBar() {
   LblLED = MakeValue("LblLED");
   reserve(LblLED, "3 cycles, orange");
   led_ = new IndicatorSign(IndicatorSign::Shape::kLamp, bar);
+  led_->setObjectName("SignLED");
   add(tr("LED"), LblLED, led_);
   LblBuzzer = MakeValue("LblBuzzer");
   reserve(LblBuzzer, "3 cycles");
   buzzer_ = new IndicatorSign(IndicatorSign::Shape::kBell, bar);
+  buzzer_->setObjectName("SignBuzzer");
   ChkMute = new QCheckBox(tr("&Mute"), bar);
   ChkMute->setObjectName("ChkMute");
   ChkMute->setToolTip(tr("Shows the buzzer and keeps it silent."));
@@ -219,6 +216,7 @@ QWidget* FrmPrinter::MakeFaceSide() {
 QWidget* FrmPrinter::MakeCardPage() {
   auto* page = new QWidget(this);
   slot_ = new CardSlotView(page);
+  slot_->setObjectName("CardSlotView");
   CmdInsertCard = MakeButton("CmdInsertCard", tr("&Insert card"), &FrmPrinter::CmdInsertCard_Click);
   CmdPullOutCard =
       MakeButton("CmdPullOutCard", tr("&Pull out card"), &FrmPrinter::CmdPullOutCard_Click);
@@ -369,7 +367,7 @@ void FrmPrinter::CmdSavePicture_Click() {
 
 void FrmPrinter::Refresh() {
   const PrinterState& state = model_.State();
-  slot_->Show(state.place, state.card.kind, state.indicators);
+  slot_->Show(state.place, state.card.kind);
   const bool outside = state.place == CardPlace::kOutside;
   CmdInsertCard->setEnabled(outside);
   CmdPullOutCard->setEnabled(!outside && !model_.IsWorking());
@@ -406,8 +404,13 @@ void FrmPrinter::RefreshIndicators() {
   const Indicators& indicators = model_.State().indicators;
   SetText(LblLED, ToQt(LedInWords(indicators)));
   SetText(LblBuzzer, ToQt(BuzzerInWords(indicators)));
-  led_->Show(indicators.led_operation, LedColour(indicators.led_colour));
-  buzzer_->Show(indicators.buzzer, QColor(0xff, 0xb3, 0x00));
+  // The model tells of every flash, so what is so now is so until it tells again.
+  const Moment now = server_.Now();
+  const QColor colour = LedColour(indicators.led_colour);
+  const bool lit = indicators.LedIsLit(now);
+  led_->Show(lit, colour);
+  slot_->ShowLed(lit, colour);
+  buzzer_->Show(indicators.BuzzerSounds(now), QColor(0xff, 0xb3, 0x00));
 }
 
 void FrmPrinter::ShowScale() {
