@@ -7,6 +7,7 @@
 #include "printer/indicator_sign.h"
 #include "printer/log_panel.h"
 #include "printer/printer_model.h"
+#include "printer/printer_page.h"
 #include "printer/printer_server.h"
 
 #include <QApplication>
@@ -31,6 +32,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -78,6 +80,8 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   pages_->setObjectName("TabPages");
   pages_->addTab(MakeCardPage(), tr("&Card"));
   pages_->addTab(MakeTracksPage(), tr("&Tracks and buffers"));
+  printer_page_ = new PrinterPage(model_, server_, this);
+  pages_->addTab(printer_page_, tr("Print&er"));
   auto* top = new QWidget(this);
   auto* sides = new QHBoxLayout(top);
   sides->setContentsMargins(0, 0, 0, 0);
@@ -103,9 +107,11 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   draw_face_.setSingleShot(true);
   connect(&draw_face_, &QTimer::timeout, this, [this] { face_->Show(model_.State().card.face); });
   connect(&server_, &PrinterServer::Changed, this, &FrmPrinter::Refresh);
+  connect(&server_, &PrinterServer::DeviceChanged, this, &FrmPrinter::ShowDevice);
   recorder_.RecordLineOf(server_);
   Refresh();
   ShowScale();
+  ShowDevice();
   resize(1024, 700);
 }
 
@@ -152,9 +158,8 @@ QWidget* FrmPrinter::MakeStateBar() {
   LblActivity->setMinimumSize(190, 2 * QFontMetrics(large).lineSpacing());
   add(tr("Printer"), LblActivity);
   layout->setStretch(0, 1);
-  QLabel* device = MakeValue("LblDevice");
-  device->setText(ToQt(server_.DevicePath()));
-  add(tr("Device"), device);
+  LblDevice = MakeValue("LblDevice");
+  add(tr("Device"), LblDevice);
   LblPlace = MakeValue("LblPlace");
   reserve(LblPlace, "waiting to be pulled out");
   add(tr("Card"), LblPlace);
@@ -382,6 +387,7 @@ void FrmPrinter::Refresh() {
   SetText(LblPrintCount, QString::number(state.prints));
   RefreshIndicators();
   RefreshTracks();
+  printer_page_->Refresh();
   if (!draw_face_.isActive()) draw_face_.start(0);
 }
 
@@ -411,6 +417,11 @@ void FrmPrinter::RefreshIndicators() {
   led_->Show(lit, colour);
   slot_->ShowLed(lit, colour);
   buzzer_->Show(indicators.BuzzerSounds(now), QColor(0xff, 0xb3, 0x00));
+}
+
+void FrmPrinter::ShowDevice() {
+  const std::string path = server_.DevicePath();
+  SetText(LblDevice, path.empty() ? tr("unplugged") : ToQt(path));
 }
 
 void FrmPrinter::ShowScale() {

@@ -25,6 +25,7 @@ class FileChooser;
 class IndicatorSign;
 class LogPanel;
 class PrinterModel;
+class PrinterPage;
 class PrinterServer;
 
 // The window of a software printer: the face of its card as it is printed, the card in the slot and
@@ -63,6 +64,7 @@ class FrmPrinter : public QWidget {
   void RefreshTracks();
   void RefreshIndicators();
   void ShowScale();
+  void ShowDevice();
 
   PrinterModel& model_;
   PrinterServer& server_;
@@ -74,6 +76,7 @@ class FrmPrinter : public QWidget {
   QTabWidget* pages_ = nullptr;
   FaceView* face_ = nullptr;
   CardSlotView* slot_ = nullptr;
+  PrinterPage* printer_page_ = nullptr;
   LogPanel* log_ = nullptr;
   IndicatorSign* led_ = nullptr;
   IndicatorSign* buzzer_ = nullptr;
@@ -90,6 +93,7 @@ class FrmPrinter : public QWidget {
   std::array<QLineEdit*, kTracks> TxtBuffer{};
   std::array<QLineEdit*, kTracks> TxtBufferHex{};
   QLabel* LblActivity = nullptr;
+  QLabel* LblDevice = nullptr;
   QLabel* LblPlace = nullptr;
   QLabel* LblLED = nullptr;
   QLabel* LblBuzzer = nullptr;
