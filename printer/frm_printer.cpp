@@ -3,6 +3,7 @@
 #include "link/frame.h"
 #include "printer/card_slot_view.h"
 #include "printer/face_view.h"
+#include "printer/fault_page.h"
 #include "printer/file_chooser.h"
 #include "printer/indicator_sign.h"
 #include "printer/log_panel.h"
@@ -82,6 +83,8 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   pages_->addTab(MakeTracksPage(), tr("&Tracks and buffers"));
   printer_page_ = new PrinterPage(model_, server_, this);
   pages_->addTab(printer_page_, tr("Print&er"));
+  fault_page_ = new FaultPage(model_, this);
+  pages_->addTab(fault_page_, tr("Fa&ults"));
   auto* top = new QWidget(this);
   auto* sides = new QHBoxLayout(top);
   sides->setContentsMargins(0, 0, 0, 0);
@@ -114,8 +117,6 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   ShowDevice();
   resize(1024, 700);
 }
-
-void FrmPrinter::AddPage(QWidget* page, const QString& title) { pages_->addTab(page, title); }
 
 QWidget* FrmPrinter::MakeStateBar() {
   auto* bar = new QFrame(this);
@@ -159,6 +160,7 @@ QWidget* FrmPrinter::MakeStateBar() {
   add(tr("Printer"), LblActivity);
   layout->setStretch(0, 1);
   LblDevice = MakeValue("LblDevice");
+  reserve(LblDevice, "/dev/pts/100");
   add(tr("Device"), LblDevice);
   LblPlace = MakeValue("LblPlace");
   reserve(LblPlace, "waiting to be pulled out");
@@ -388,6 +390,7 @@ void FrmPrinter::Refresh() {
   RefreshIndicators();
   RefreshTracks();
   printer_page_->Refresh();
+  fault_page_->Refresh();
   if (!draw_face_.isActive()) draw_face_.start(0);
 }
 

@@ -21,6 +21,7 @@ namespace vantrel {
 
 class CardSlotView;
 class FaceView;
+class FaultPage;
 class FileChooser;
 class IndicatorSign;
 class LogPanel;
@@ -39,8 +40,6 @@ class FrmPrinter : public QWidget {
   FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& files,
              QWidget* parent = nullptr);
 
-  // Adds a page of further controls behind the pages of the card; the form owns it.
-  void AddPage(QWidget* page, const QString& title);
   // The log of this form, from its construction on.
   LineRecorder& Recorder() { return recorder_; }
 
@@ -77,6 +76,7 @@ class FrmPrinter : public QWidget {
   FaceView* face_ = nullptr;
   CardSlotView* slot_ = nullptr;
   PrinterPage* printer_page_ = nullptr;
+  FaultPage* fault_page_ = nullptr;
   LogPanel* log_ = nullptr;
   IndicatorSign* led_ = nullptr;
   IndicatorSign* buzzer_ = nullptr;

@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
-#include <QTabWidget>
 #include <QTemporaryDir>
 
 namespace vantrel {
@@ -144,14 +143,6 @@ TEST_F(FrmPrinterCard, ShowsTracksAndBuffersAsTextAndHex) {
   ASSERT_TRUE(QTest::qWaitFor([&] { return Line("TxtBuffer_1") == "AB"; }));
   EXPECT_EQ(Line("TxtBufferHex_1"), "41 42");
   EXPECT_EQ(Find<QLineEdit>("TxtBuffer_2")->placeholderText(), "empty");
-}
-
-TEST_F(FrmPrinterCard, TakesFurtherPages) {
-  auto* page = new QLabel("x");
-  form_.AddPage(page, "Faults");
-  auto* pages = Find<QTabWidget>("TabPages");
-  EXPECT_EQ(pages->tabText(pages->count() - 1), "Faults");
-  EXPECT_EQ(pages->widget(pages->count() - 1), page);
 }
 
 TEST_F(FrmPrinterCard, FitsAWindowOf1024By700) {
