@@ -3,6 +3,7 @@
 #include "console/command_button.h"
 #include "console/command_table.h"
 #include "console/display_box.h"
+#include "console/guarded_application.h"
 #include "dialogs/panel_bar.h"
 #include "editors/frm_5a.h"
 #include "editors/frm_external_font.h"
@@ -82,7 +83,8 @@ void FrmVantrel::BuildMenus() {
     const QString digit = QString::number(number);
     QAction* entry = AddEntry(port, ports, "Mnu_COM" + digit, "COM " + digit);
     entry->setChecked(number == 1);
-    connect(entry, &QAction::triggered, this, [this, number] { Mnu_COM_Click(number); });
+    connect(entry, &QAction::triggered, this,
+            [this, number] { GuardedApplication::Run([&] { Mnu_COM_Click(number); }); });
   }
   QMenu* speed = setting->addMenu("Baud Rate");
   name_menu(speed, "Mnu_BaudRate");
@@ -91,8 +93,9 @@ void FrmVantrel::BuildMenus() {
   // meant.
   for (const QString rate : {"2400", "4800", "9600", "19200", "38400"}) {
     QAction* entry = AddEntry(speed, speeds, "Mnu_" + rate + "bps", rate + "bps");
-    connect(entry, &QAction::triggered, this,
-            [this, rate] { Mnu_bps_Click((rate + ",N,8,1").toStdString()); });
+    connect(entry, &QAction::triggered, this, [this, rate] {
+      GuardedApplication::Run([&] { Mnu_bps_Click((rate + ",N,8,1").toStdString()); });
+    });
   }
   QAction* about = menuBar()->addAction("About");
   about->setObjectName("Mnu_About");
@@ -175,7 +178,7 @@ QWidget* FrmVantrel::BuildButtons() {
     const ConsoleCommand& command = commands[static_cast<std::size_t>(i)];
     auto* button = new CommandButton(command);
     connect(button, &QPushButton::clicked, this,
-            [this, &command] { (handlers_.*command.click)(); });
+            [this, &command] { GuardedApplication::Run([&] { (handlers_.*command.click)(); }); });
     buttons_.push_back(button);
     // Down each column in table order; a line stands between two columns.
     grid->addWidget(button, i % rows, i / rows * 2);
@@ -206,7 +209,10 @@ void FrmVantrel::showEvent(QShowEvent* event) {
   if (load_failure_.empty()) return;
   // Reported on the next turn, when the window is up.
   QMetaObject::invokeMethod(
-      this, [failure = std::exchange(load_failure_, {})] { throw PortError(failure); },
+      this,
+      [failure = std::exchange(load_failure_, {})] {
+        GuardedApplication::Run([&] { throw PortError(failure); });
+      },
       Qt::QueuedConnection);
 }
 
@@ -313,8 +319,16 @@ void FrmVantrel::EnableCommandButtons(bool enabled) {
   }
 }
 
-void FrmVantrel::HideConsole() { hide(); }
-void FrmVantrel::ShowConsole() { show(); }
+void FrmVantrel::HideConsole() {
+  position_ = pos();
+  hide();
+}
+
+void FrmVantrel::ShowConsole() {
+  // A window manager would place the window anew.
+  move(position_);
+  show();
+}
 void FrmVantrel::ShowFrmPrintBuffer() { FrmPrintBuffer(common_, dialogs_).exec(); }
 
 void FrmVantrel::ShowFrm4E(const std::string& caption) {

@@ -10,6 +10,7 @@
 #include "link/transaction.h"
 
 #include <QMainWindow>
+#include <QPoint>
 #include <QTimer>
 
 #include <functional>
@@ -96,6 +97,7 @@ class FrmVantrel : public QMainWindow, private Display, private SubForms {
   QProgressBar* progress_ = nullptr;
   QTimer progress_timer_;
   PanelBar* status_bar_ = nullptr;
+  QPoint position_;           // of the hidden console
   std::string load_failure_;  // the message of a port that would not open at load
 };
 

@@ -17,14 +17,35 @@ GuardedApplication::GuardedApplication(int& argc, char** argv, Dialogs& dialogs,
   setQuitOnLastWindowClosed(false);
 }
 
+void GuardedApplication::Run(const std::function<void()>& handler) {
+  std::exception_ptr thrown;
+  try {
+    handler();
+  } catch (...) {
+    thrown = std::current_exception();
+  }
+  if (thrown) dynamic_cast<GuardedApplication&>(*qApp).Handle(thrown);
+}
+
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
-  // Boxes are shown after the exception is done with, because they run events of their own.
+  std::exception_ptr thrown;
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (...) {
+    thrown = std::current_exception();
+  }
+  Handle(thrown);
+  return true;
+}
+
+// Boxes are shown outside of any catch clause, because they run events of their own.
+void GuardedApplication::Handle(const std::exception_ptr& thrown) {
   std::optional<std::string> port_failure;
   std::string fault;
   try {
-    return QApplication::notify(receiver, event);
+    std::rethrow_exception(thrown);
   } catch (const ExchangeEnded&) {
-    return true;
+    return;
   } catch (const PortError& error) {
     port_failure = error.what();
   } catch (const std::exception& error) {
@@ -34,12 +55,11 @@ bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
   }
   if (port_failure) {
     dialogs_.MsgBox(*port_failure, Buttons::kOk, "Serial Port Error", Icon::kCritical);
-    return true;
+    return;
   }
   dialogs_.MsgBox(fault + "\r\n\r\nThis is a fault of the program. It will end now.", Buttons::kOk,
                   "Program Error", Icon::kCritical);
   end_program_(1);
-  return true;
 }
 
 }  // namespace vantrel

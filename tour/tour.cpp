@@ -136,7 +136,7 @@ void Tour::PrintCard() {
   boxes_.Expect([this](QDialog& form) {
     ClickOn(form, "Opt_direction_3");
     TypeInto(form, "TxtXCoordinate", "30");
-    TypeInto(form, "TxtYCoordinate", "250");
+    TypeInto(form, "TxtYCoordinate", "100");
     form.findChild<QLineEdit*>("TxtPrint")->setText("Rewritable");
     Photograph(form, "print-data");
     ClickOn(form, "Cmd_EscEe");
@@ -150,8 +150,9 @@ void Tour::PrintCard() {
         TypeInto(form, "TxtXCoordinate", "420");
         TypeInto(form, "TxtYCoordinate", "250");
       },
-      "CmdEscg");
-  boxes_.Expect([](QDialog& box) { TypeAndPressOk(box, "0"); });
+      "CmdEsc_i");
+  Answer("", "Yes");
+  Type("", "0");
   Press("Cmd41");
   Fill(
       "barcode",

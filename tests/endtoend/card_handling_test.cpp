@@ -1,86 +1,57 @@
 // Card transport, cleaning and maintenance: exact bytes on the line, help before and after the
 // reply, guidance during and after the wait, and every question of 5Bh and 91h.
 
-#include "tests/support/console_fixture.h"
-
-#include <ostream>
+#include "tests/endtoend/fixed_command.h"
 
 namespace vantrel {
 namespace {
 
-struct Fixed {
-  const char* button;
-  const char* frame;
-  const char* help;
-  const char* panel1;
-  const char* panel2;
-  const char* reply;
-  const char* meaning;
-};
+class CardHandlingTest : public FixedCommandTest {};
 
-void PrintTo(const Fixed& row, std::ostream* out) { *out << row.button; }
-
-class FixedCommandTest : public ConsoleTest, public testing::WithParamInterface<Fixed> {};
-
-TEST_P(FixedCommandTest, SendsItsFrameAndShowsTheReply) {
-  const Fixed& row = GetParam();
-  Load();
-  peer_.OnFrame([&](const std::string&) {
-    EXPECT_EQ(Text("LblHints"), row.help);
-    EXPECT_EQ(Text("StatusBarFrmMain_1"), row.panel1);
-    EXPECT_EQ(Text("StatusBarFrmMain_2"), row.panel2);
-    peer_.Send(std::string("06") + row.reply);
-  });
-  Press(row.button);
-  EXPECT_EQ(Frames(), std::vector<std::string>{row.frame});
-  EXPECT_EQ(Text("TxtResponse"), row.reply);
-  EXPECT_EQ(Text("LblHints"), std::string(row.help) + "\r\n" + row.meaning);
-  EXPECT_EQ(Text("StatusBarFrmMain_1"), "");
-  EXPECT_EQ(Text("StatusBarFrmMain_2"), "");
-}
+TEST_P(CardHandlingTest, SendsItsFrameAndShowsTheReply) { Check(); }
 
 constexpr const char* kCancel = "Press '54h' to cancel this command/card waiting status...";
 constexpr const char* kNormal = "20h: Normal Status";
 
 INSTANTIATE_TEST_SUITE_P(
-    All, FixedCommandTest,
+    All, CardHandlingTest,
     testing::Values(
         // The help of 51h names the block check 50h, the frame carries 52h; both are meant.
-        Fixed{"Cmd51", "02510352",
-              "         Send: STX 51h ETX 50h\r\nResponse: STX 51h Status ETX BCC", "", kCancel,
-              "02 51 20 03 72 ", kNormal},
-        Fixed{"cmd52", "02520351",
-              "         Send: STX 52h ETX 51h\r\nResponse: STX 52h Status ETX BCC",
-              "Please add the cleaning fluid on the cleaning card...",
-              "and then insert it into the printer", "02 52 20 03 71 ", kNormal},
-        Fixed{"Cmd53", "02530350",
-              "         Send: STX 53h ETX 50h\r\nResponse: STX 53h Status ETX BCC", "", kCancel,
-              "02 53 20 03 70 ", kNormal},
-        Fixed{"Cmd54", "02540357",
-              "         Send: STX 54h ETX 57h\r\nResponse: STX 54h Status ETX BCC", "", "",
-              "02 54 20 03 77 ", kNormal},
-        Fixed{"Cmd55", "02550356",
-              "         Send: STX 55h ETX 56h\r\nResponse: STX 55h Status ETX BCC", "", "",
-              "02 55 20 03 76 ", kNormal},
-        Fixed{"Cmd58", "0258035B",
-              "         Send: STX 58h ETX 5Bh\r\n"
-              "Response: STX 58h Status ROM information ETX BCC",
-              "", "", "02 58 20 31 2E 30 03 54 ", "ROM Version: 1.0"},
-        Fixed{"Cmd59", "0259035A",
-              "         Send: STX 59h ETX 5Ah\r\n"
-              "Response: STX 59h Status Sensor status data string ETX BCC",
-              "", "", "02 59 20 30 31 03 7B ", "Status Request: 01"},
-        Fixed{"Cmd5F", "025F035C",
-              "         Send: STX 5Fh ETX 5Ch\r\nResponse: STX 5Fh Status ETX BCC",
-              "Reset the printer now...", "", "02 5F 20 03 7C ", kNormal},
-        Fixed{"Cmd95", "02950396",
-              "         Send: STX 95h ETX BCC\r\n"
-              "Response: STX 95h Status Transport count data ETX BCC",
-              "", "", "02 95 20 31 32 03 B5 ", "Transport Count: 12"},
-        Fixed{"Cmd96", "02960395",
-              "         Send: STX 96h ETX BCC\r\n"
-              "Response: STX 96h Status Print Count data ETX BCC",
-              "", "", "02 96 20 37 03 82 ", "Print Count: 7"}),
+        FixedCommand{"Cmd51", "02510352",
+                     "         Send: STX 51h ETX 50h\r\nResponse: STX 51h Status ETX BCC", "",
+                     kCancel, "02 51 20 03 72 ", kNormal},
+        FixedCommand{"cmd52", "02520351",
+                     "         Send: STX 52h ETX 51h\r\nResponse: STX 52h Status ETX BCC",
+                     "Please add the cleaning fluid on the cleaning card...",
+                     "and then insert it into the printer", "02 52 20 03 71 ", kNormal},
+        FixedCommand{"Cmd53", "02530350",
+                     "         Send: STX 53h ETX 50h\r\nResponse: STX 53h Status ETX BCC", "",
+                     kCancel, "02 53 20 03 70 ", kNormal},
+        FixedCommand{"Cmd54", "02540357",
+                     "         Send: STX 54h ETX 57h\r\nResponse: STX 54h Status ETX BCC", "", "",
+                     "02 54 20 03 77 ", kNormal},
+        FixedCommand{"Cmd55", "02550356",
+                     "         Send: STX 55h ETX 56h\r\nResponse: STX 55h Status ETX BCC", "", "",
+                     "02 55 20 03 76 ", kNormal},
+        FixedCommand{"Cmd58", "0258035B",
+                     "         Send: STX 58h ETX 5Bh\r\n"
+                     "Response: STX 58h Status ROM information ETX BCC",
+                     "", "", "02 58 20 31 2E 30 03 54 ", "ROM Version: 1.0"},
+        FixedCommand{"Cmd59", "0259035A",
+                     "         Send: STX 59h ETX 5Ah\r\n"
+                     "Response: STX 59h Status Sensor status data string ETX BCC",
+                     "", "", "02 59 20 30 31 03 7B ", "Status Request: 01"},
+        FixedCommand{"Cmd5F", "025F035C",
+                     "         Send: STX 5Fh ETX 5Ch\r\nResponse: STX 5Fh Status ETX BCC",
+                     "Reset the printer now...", "", "02 5F 20 03 7C ", kNormal},
+        FixedCommand{"Cmd95", "02950396",
+                     "         Send: STX 95h ETX BCC\r\n"
+                     "Response: STX 95h Status Transport count data ETX BCC",
+                     "", "", "02 95 20 31 32 03 B5 ", "Transport Count: 12"},
+        FixedCommand{"Cmd96", "02960395",
+                     "         Send: STX 96h ETX BCC\r\n"
+                     "Response: STX 96h Status Print Count data ETX BCC",
+                     "", "", "02 96 20 37 03 82 ", "Print Count: 7"}),
     [](const auto& tested) { return std::string(tested.param.button); });
 
 class MaintenanceTest : public ConsoleTest {};

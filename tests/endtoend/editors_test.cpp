@@ -17,11 +17,6 @@ class EditorsTest : public ConsoleTest {
     ConsoleTest::Load();
     AnswerAll();
   }
-  static void Click(QDialog& form, const char* name) {
-    auto* button = form.findChild<QAbstractButton*>(name);
-    ASSERT_NE(button, nullptr) << name;
-    QTest::mouseClick(button, Qt::LeftButton);
-  }
   // Empties the box with the Delete key, the only one that takes digits away, and types.
   static void Type(QDialog& form, const char* name, const char* text) {
     auto* box = form.findChild<QLineEdit*>(name);

@@ -16,11 +16,6 @@ class PrintDataTest : public ConsoleTest {
     ConsoleTest::Load();
     AnswerAll();
   }
-  static void Click(QDialog& form, const char* name) {
-    auto* button = form.findChild<QAbstractButton*>(name);
-    ASSERT_NE(button, nullptr) << name;
-    QTest::mouseClick(button, Qt::LeftButton);
-  }
 };
 
 TEST_F(PrintDataTest, A41hSendsTheHeaderAndTheBodyOfAnEscButton) {

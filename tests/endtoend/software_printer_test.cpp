@@ -40,11 +40,6 @@ class SoftwarePrinterTest : public ConsoleTest {
     dialogs_.Types(choice);
     PressWell("Cmd31");
   }
-  static void Click(QDialog& form, const char* name) {
-    auto* button = form.findChild<QAbstractButton*>(name);
-    ASSERT_NE(button, nullptr) << name;
-    QTest::mouseClick(button, Qt::LeftButton);
-  }
   int BlackDots() const {
     int count = 0;
     const Bitmap& face = model_.State().card.face;

@@ -56,6 +56,12 @@ void ConsoleTest::OnForm(std::function<void(QDialog&)> act) {
   timer->start(1);
 }
 
+void ConsoleTest::Click(QDialog& form, const char* name) {
+  auto* button = form.findChild<QAbstractButton*>(name);
+  ASSERT_NE(button, nullptr) << name;
+  QTest::mouseClick(button, Qt::LeftButton);
+}
+
 QPushButton* ConsoleTest::Button(const char* name) {
   auto* button = form_->findChild<QPushButton*>(name);
   EXPECT_NE(button, nullptr) << name;

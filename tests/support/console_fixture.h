@@ -35,6 +35,9 @@ class ConsoleTest : public testing::Test {
   // Runs `act` on the editing form that opens next, once it is shown. It must close the form.
   void OnForm(std::function<void(QDialog& form)> act);
 
+  // Clicks a button or an option of an editing form with the mouse.
+  static void Click(QDialog& form, const char* name);
+
   QPushButton* Button(const char* name);
   // The text of a label or text box.
   std::string Text(const char* name);
