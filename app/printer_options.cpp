@@ -1,5 +1,7 @@
 #include "app/printer_options.h"
 
+#include "printer/line_speed.h"
+
 #include <QCommandLineParser>
 
 #include <cstdlib>
@@ -8,9 +10,8 @@
 namespace {
 
 constexpr int kUsageError = 2;
-// In bits a second.
-constexpr int kLowestSpeed = 50;
-constexpr int kHighestSpeed = 4000000;
+using vantrel::kHighestSpeed;
+using vantrel::kLowestSpeed;
 
 ParsedPrinterOptions UsageError(const QString& error) {
   std::cerr << "vantrel-printer: " << error.toStdString()

@@ -1,7 +1,6 @@
 #include "app/printer_options.h"
 #include "printer/device_link.h"
 #include "printer/fault.h"
-#include "printer/fault_page.h"
 #include "printer/frm_printer.h"
 #include "printer/frm_through.h"
 #include "printer/line_recorder.h"
@@ -168,7 +167,7 @@ int Serve(const PrinterOptions& options) {
   }
   vantrel::LineRecorder recorder;
   vantrel::PrinterScript script(model, server, recorder);
-  const auto set_fault = [&model](const std::string& text, std::string& error) {
+  script.SetFaultSetter([&model](const std::string& text, std::string& error) {
     try {
       if (text == "clear")
         model.SetFault(std::nullopt);
@@ -179,9 +178,7 @@ int Serve(const PrinterOptions& options) {
       error = refusal.what();
       return false;
     }
-  };
-  script.SetFaultSetter(set_fault);
-  if (form) form->AddPage(new vantrel::FaultPage(set_fault), "Faults");
+  });
   std::optional<ScriptConsole> console;
   if (options.script) {
     recorder.RecordLineOf(server);

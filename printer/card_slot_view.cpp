@@ -14,6 +14,7 @@ constexpr QSizeF kGrid{520, 190};
 constexpr QRectF kBody{190, 20, 310, 150};
 constexpr QSizeF kCard{150, 95};
 constexpr double kCardTop = 47;
+constexpr QColor kDarkLed(0x60, 0x66, 0x70);
 
 double CardLeft(CardPlace place) {
   switch (place) {
@@ -30,23 +31,23 @@ double CardLeft(CardPlace place) {
   }
 }
 
-QColor LedColour(const Indicators& indicators) {
-  if (indicators.led_operation == '0') return QColor(0x60, 0x66, 0x70);
-  if (indicators.led_colour == '2') return QColor(0xf0, 0x4a, 0x4a);
-  return indicators.led_colour == '3' ? QColor(0xff, 0xa0, 0x30) : QColor(0x3c, 0xd0, 0x70);
-}
-
 }  // namespace
 
 CardSlotView::CardSlotView(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 
-void CardSlotView::Show(CardPlace place, CardKind kind, const Indicators& indicators) {
+void CardSlotView::Show(CardPlace place, CardKind kind) {
   place_ = place;
   kind_ = kind;
-  indicators_ = indicators;
   setAccessibleName(tr("Card %1").arg(QString::fromStdString(std::string(PlaceInWords(place)))));
+  update();
+}
+
+void CardSlotView::ShowLed(bool lit, const QColor& colour) {
+  if (lit == led_is_lit_ && colour == led_colour_) return;
+  led_is_lit_ = lit;
+  led_colour_ = colour;
   update();
 }
 
@@ -79,7 +80,7 @@ void CardSlotView::paintEvent(QPaintEvent*) {
   painter.drawText(QRectF(kBody.right() - 132, kBody.top(), 120, 22),
                    Qt::AlignVCenter | Qt::AlignRight, tr("Rear"));
   painter.setPen(QPen(edge, 1));
-  painter.setBrush(LedColour(indicators_));
+  painter.setBrush(led_is_lit_ ? led_colour_ : kDarkLed);
   painter.drawEllipse(QPointF(kBody.left() + 20, kBody.bottom() - 11), 5.5, 5.5);
   painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(QRectF(kBody.left() + 32, kBody.bottom() - 22, 60, 22), Qt::AlignVCenter,

@@ -2,6 +2,7 @@
 
 #include "printer/printer_state.h"
 
+#include <QColor>
 #include <QWidget>
 
 class QPainter;
@@ -15,8 +16,10 @@ class CardSlotView : public QWidget {
  public:
   explicit CardSlotView(QWidget* parent = nullptr);
 
-  // Draws this place and kind of the card and these indicators from now on.
-  void Show(CardPlace place, CardKind kind, const Indicators& indicators);
+  // Draws this place and kind of the card from now on.
+  void Show(CardPlace place, CardKind kind);
+  // Draws the LED lit in this colour, or dark, from now on.
+  void ShowLed(bool lit, const QColor& colour);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -29,7 +32,8 @@ class CardSlotView : public QWidget {
 
   CardPlace place_ = CardPlace::kOutside;
   CardKind kind_ = CardKind::kOrdinary;
-  Indicators indicators_;
+  bool led_is_lit_ = false;
+  QColor led_colour_;
 };
 
 }  // namespace vantrel

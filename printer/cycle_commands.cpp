@@ -21,12 +21,7 @@ void EraseFace(PrinterState& state) {
 // expansion buffer keeps its picture for the next card.
 void PrintFace(PrinterState& state) {
   ++state.prints;
-  if (state.card.kind != CardKind::kOrdinary) return;
-  for (int y = 0; y < kFaceHeight; ++y) {
-    for (int x = 0; x < kFaceWidth; ++x) {
-      if (state.print_image.At(x, y)) state.card.face.Set(x, y, true);
-    }
-  }
+  if (state.card.kind == CardKind::kOrdinary) state.card.face.Merge(state.print_image);
 }
 
 Reply DischargeAfterPass(PrinterState& state, const Command& command) {

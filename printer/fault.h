@@ -58,6 +58,8 @@ struct FaultRow {
   // The smallest and greatest number, or number of bytes.
   unsigned least;
   unsigned most;
+  // A value to begin with in a list, as the fault's text has it; empty where there is none.
+  std::string_view example;
   std::string_view in_words;
 };
 

@@ -1,6 +1,9 @@
 #include "printer/fault_page.h"
 
+#include "link/frame.h"
 #include "link/status_text.h"
+#include "printer/fault.h"
+#include "printer/printer_model.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -11,56 +14,53 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
-#include <array>
-#include <utility>
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace vantrel {
 namespace {
 
-constexpr std::array<unsigned, 15> kStatuses{0x22, 0x23, 0x31, 0x32, 0x33, 0x34, 0x37, 0x38,
-                                             0x40, 0x41, 0x42, 0x43, 0x45, 0x4C, 0x51};
-
-struct Fault {
-  const char* text;
-  const char* meaning;
+// A text and what it means, for a list.
+struct Choice {
+  std::string text;
+  std::string meaning;
 };
 
-constexpr std::array<Fault, 13> kFaults{{
-    {"silence", "no answer at all"},
-    {"delay 2000", "the reply 2000 ms later"},
-    {"bad-bcc", "a bad block check"},
-    {"wrong-echo", "the reply to another command"},
-    {"truncate", "a reply cut short"},
-    {"resend 2", "15h twice"},
-    {"reject", "10h"},
-    {"unknown-control 55", "an unknown control character"},
-    {"noise FF00", "noise before the reply"},
-    {"split 5", "the reply byte by byte, 5 ms apart"},
-    {"join", "the reply joined with the next"},
-    {"vanish", "the device vanishes"},
-    {"status 7F", "a status that is in no table"},
-}};
+// Each status that has words, then every kind of fault with a value to begin with.
+std::vector<Choice> Choices() {
+  constexpr unsigned kNormal = 0x20;
+  std::vector<Choice> choices;
+  for (unsigned status = 0; status <= 0xFF; ++status) {
+    const std::string code = HexOf(static_cast<std::uint8_t>(status));
+    const std::string_view words = StatusText(status);
+    if (status != kNormal && words.starts_with(code))
+      choices.push_back({"status " + code, std::string(words)});
+  }
+  for (const FaultRow& row : FaultRows()) {
+    std::string text(row.word);
+    if (!row.example.empty()) text.append(" ").append(row.example);
+    choices.push_back({text, std::string(row.in_words)});
+  }
+  return choices;
+}
 
 }  // namespace
 
-FaultPage::FaultPage(FaultSetter setter, QWidget* parent)
-    : QWidget(parent), set_(std::move(setter)) {
+FaultPage::FaultPage(PrinterModel& model, QWidget* parent) : QWidget(parent), model_(model) {
   setObjectName("FaultPage");
   CmbFault = new QComboBox(this);
   CmbFault->setObjectName("CmbFault");
   CmbFault->setEditable(true);
   CmbFault->setInsertPolicy(QComboBox::NoInsert);
   CmbFault->setToolTip(tr("The numbers can be changed."));
-  const auto add = [this](const QString& text, const QString& meaning) {
-    CmbFault->addItem(text);
-    CmbFault->setItemData(CmbFault->count() - 1, meaning, Qt::ToolTipRole);
-    CmbFault->setItemData(CmbFault->count() - 1, meaning, Qt::UserRole);
-  };
-  for (const unsigned status : kStatuses) {
-    const QString words = QString::fromLatin1(StatusText(status).data());
-    add("status " + words.left(2), words);
+  for (const auto& [text, meaning] : Choices()) {
+    CmbFault->addItem(QString::fromStdString(text), QString::fromStdString(meaning));
+    CmbFault->setItemData(CmbFault->count() - 1, QString::fromStdString(meaning), Qt::ToolTipRole);
   }
-  for (const Fault& fault : kFaults) add(fault.text, tr(fault.meaning));
 
   auto* meaning = new QLabel(this);
   meaning->setObjectName("LblFaultMeaning");
@@ -96,10 +96,14 @@ FaultPage::FaultPage(FaultSetter setter, QWidget* parent)
   buttons->addWidget(CmdSetFault);
   buttons->addWidget(CmdClearFault);
   buttons->addStretch();
-  LblFault = new QLabel(tr("No fault is set."), this);
+  LblFault = new QLabel(this);
   LblFault->setObjectName("LblFault");
   LblFault->setTextFormat(Qt::PlainText);
   LblFault->setWordWrap(true);
+  LblFaultRefusal = new QLabel(this);
+  LblFaultRefusal->setObjectName("LblFaultRefusal");
+  LblFaultRefusal->setTextFormat(Qt::PlainText);
+  LblFaultRefusal->setWordWrap(true);
 
   auto* rows = new QFormLayout;
   rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
@@ -110,7 +114,9 @@ FaultPage::FaultPage(FaultSetter setter, QWidget* parent)
   layout->addLayout(rows);
   layout->addLayout(buttons);
   layout->addWidget(LblFault);
+  layout->addWidget(LblFaultRefusal);
   layout->addStretch();
+  Refresh();
 }
 
 void FaultPage::CmbFaultCount_Click(int index) { TxtFaultCount->setEnabled(index == 1); }
@@ -123,15 +129,26 @@ void FaultPage::CmdSetFault_Click() {
     text += QString(" for %1").arg(TxtFaultCount->value());
   else
     text += " until cleared";
-  Set(text, tr("Set: %1").arg(text));
+  LblFaultRefusal->clear();
+  try {
+    model_.SetFault(ParseFault(text.toStdString()));
+  } catch (const std::invalid_argument& refusal) {
+    LblFaultRefusal->setText(QString::fromStdString(refusal.what()));
+  }
+  Refresh();
 }
 
-void FaultPage::CmdClearFault_Click() { Set("clear", tr("No fault is set.")); }
+void FaultPage::CmdClearFault_Click() {
+  LblFaultRefusal->clear();
+  model_.SetFault(std::nullopt);
+  Refresh();
+}
 
-void FaultPage::Set(const QString& text, const QString& done) {
-  std::string error;
-  const bool taken = set_ && set_(text.toStdString(), error);
-  LblFault->setText(taken ? done : QString::fromStdString(error));
+void FaultPage::Refresh() {
+  const auto& fault = model_.CurrentFault();
+  LblFault->setText(fault ? tr("Still to go wrong: %1").arg(QString::fromStdString(TextOf(*fault)))
+                          : tr("No fault is set."));
+  CmdClearFault->setEnabled(fault.has_value());
 }
 
 }  // namespace vantrel

@@ -3,10 +3,12 @@
 #include "link/frame.h"
 #include "printer/card_slot_view.h"
 #include "printer/face_view.h"
+#include "printer/fault_page.h"
 #include "printer/file_chooser.h"
 #include "printer/indicator_sign.h"
 #include "printer/log_panel.h"
 #include "printer/printer_model.h"
+#include "printer/printer_page.h"
 #include "printer/printer_server.h"
 
 #include <QApplication>
@@ -31,6 +33,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -67,11 +70,6 @@ QLineEdit* MakeReading(const QString& name, const QString& spoken, QWidget* pare
   return box;
 }
 
-QColor LedColour(char colour) {
-  if (colour == '2') return {0xe5, 0x39, 0x35};
-  return colour == '3' ? QColor(0xff, 0x98, 0x00) : QColor(0x2e, 0xb8, 0x5c);
-}
-
 }  // namespace
 
 FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& files,
@@ -83,6 +81,10 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   pages_->setObjectName("TabPages");
   pages_->addTab(MakeCardPage(), tr("&Card"));
   pages_->addTab(MakeTracksPage(), tr("&Tracks and buffers"));
+  printer_page_ = new PrinterPage(model_, server_, this);
+  pages_->addTab(printer_page_, tr("Print&er"));
+  fault_page_ = new FaultPage(model_, this);
+  pages_->addTab(fault_page_, tr("Fa&ults"));
   auto* top = new QWidget(this);
   auto* sides = new QHBoxLayout(top);
   sides->setContentsMargins(0, 0, 0, 0);
@@ -108,13 +110,13 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& 
   draw_face_.setSingleShot(true);
   connect(&draw_face_, &QTimer::timeout, this, [this] { face_->Show(model_.State().card.face); });
   connect(&server_, &PrinterServer::Changed, this, &FrmPrinter::Refresh);
+  connect(&server_, &PrinterServer::DeviceChanged, this, &FrmPrinter::ShowDevice);
   recorder_.RecordLineOf(server_);
   Refresh();
   ShowScale();
+  ShowDevice();
   resize(1024, 700);
 }
-
-void FrmPrinter::AddPage(QWidget* page, const QString& title) { pages_->addTab(page, title); }
 
 QWidget* FrmPrinter::MakeStateBar() {
   auto* bar = new QFrame(this);
@@ -157,19 +159,21 @@ QWidget* FrmPrinter::MakeStateBar() {
   LblActivity->setMinimumSize(190, 2 * QFontMetrics(large).lineSpacing());
   add(tr("Printer"), LblActivity);
   layout->setStretch(0, 1);
-  QLabel* device = MakeValue("LblDevice");
-  device->setText(ToQt(server_.DevicePath()));
-  add(tr("Device"), device);
+  LblDevice = MakeValue("LblDevice");
+  reserve(LblDevice, "/dev/pts/100");
+  add(tr("Device"), LblDevice);
   LblPlace = MakeValue("LblPlace");
   reserve(LblPlace, "waiting to be pulled out");
   add(tr("Card"), LblPlace);
   LblLED = MakeValue("LblLED");
   reserve(LblLED, "3 cycles, orange");
   led_ = new IndicatorSign(IndicatorSign::Shape::kLamp, bar);
+  led_->setObjectName("SignLED");
   add(tr("LED"), LblLED, led_);
   LblBuzzer = MakeValue("LblBuzzer");
   reserve(LblBuzzer, "3 cycles");
   buzzer_ = new IndicatorSign(IndicatorSign::Shape::kBell, bar);
+  buzzer_->setObjectName("SignBuzzer");
   ChkMute = new QCheckBox(tr("&Mute"), bar);
   ChkMute->setObjectName("ChkMute");
   ChkMute->setToolTip(tr("Shows the buzzer and keeps it silent."));
@@ -219,6 +223,7 @@ QWidget* FrmPrinter::MakeFaceSide() {
 QWidget* FrmPrinter::MakeCardPage() {
   auto* page = new QWidget(this);
   slot_ = new CardSlotView(page);
+  slot_->setObjectName("CardSlotView");
   CmdInsertCard = MakeButton("CmdInsertCard", tr("&Insert card"), &FrmPrinter::CmdInsertCard_Click);
   CmdPullOutCard =
       MakeButton("CmdPullOutCard", tr("&Pull out card"), &FrmPrinter::CmdPullOutCard_Click);
@@ -369,7 +374,7 @@ void FrmPrinter::CmdSavePicture_Click() {
 
 void FrmPrinter::Refresh() {
   const PrinterState& state = model_.State();
-  slot_->Show(state.place, state.card.kind, state.indicators);
+  slot_->Show(state.place, state.card.kind);
   const bool outside = state.place == CardPlace::kOutside;
   CmdInsertCard->setEnabled(outside);
   CmdPullOutCard->setEnabled(!outside && !model_.IsWorking());
@@ -384,6 +389,8 @@ void FrmPrinter::Refresh() {
   SetText(LblPrintCount, QString::number(state.prints));
   RefreshIndicators();
   RefreshTracks();
+  printer_page_->Refresh();
+  fault_page_->Refresh();
   if (!draw_face_.isActive()) draw_face_.start(0);
 }
 
@@ -406,8 +413,18 @@ void FrmPrinter::RefreshIndicators() {
   const Indicators& indicators = model_.State().indicators;
   SetText(LblLED, ToQt(LedInWords(indicators)));
   SetText(LblBuzzer, ToQt(BuzzerInWords(indicators)));
-  led_->Show(indicators.led_operation, LedColour(indicators.led_colour));
-  buzzer_->Show(indicators.buzzer, QColor(0xff, 0xb3, 0x00));
+  // The model tells of every flash, so what is so now is so until it tells again.
+  const Moment now = server_.Now();
+  const QColor colour = LedColour(indicators.led_colour);
+  const bool lit = indicators.LedIsLit(now);
+  led_->Show(lit, colour);
+  slot_->ShowLed(lit, colour);
+  buzzer_->Show(indicators.BuzzerSounds(now), QColor(0xff, 0xb3, 0x00));
+}
+
+void FrmPrinter::ShowDevice() {
+  const std::string path = server_.DevicePath();
+  SetText(LblDevice, path.empty() ? tr("unplugged") : ToQt(path));
 }
 
 void FrmPrinter::ShowScale() {

@@ -21,10 +21,12 @@ namespace vantrel {
 
 class CardSlotView;
 class FaceView;
+class FaultPage;
 class FileChooser;
 class IndicatorSign;
 class LogPanel;
 class PrinterModel;
+class PrinterPage;
 class PrinterServer;
 
 // The window of a software printer: the face of its card as it is printed, the card in the slot and
@@ -38,8 +40,6 @@ class FrmPrinter : public QWidget {
   FrmPrinter(PrinterModel& model, PrinterServer& server, FileChooser& files,
              QWidget* parent = nullptr);
 
-  // Adds a page of further controls behind the pages of the card; the form owns it.
-  void AddPage(QWidget* page, const QString& title);
   // The log of this form, from its construction on.
   LineRecorder& Recorder() { return recorder_; }
 
@@ -63,6 +63,7 @@ class FrmPrinter : public QWidget {
   void RefreshTracks();
   void RefreshIndicators();
   void ShowScale();
+  void ShowDevice();
 
   PrinterModel& model_;
   PrinterServer& server_;
@@ -74,6 +75,8 @@ class FrmPrinter : public QWidget {
   QTabWidget* pages_ = nullptr;
   FaceView* face_ = nullptr;
   CardSlotView* slot_ = nullptr;
+  PrinterPage* printer_page_ = nullptr;
+  FaultPage* fault_page_ = nullptr;
   LogPanel* log_ = nullptr;
   IndicatorSign* led_ = nullptr;
   IndicatorSign* buzzer_ = nullptr;
@@ -90,6 +93,7 @@ class FrmPrinter : public QWidget {
   std::array<QLineEdit*, kTracks> TxtBuffer{};
   std::array<QLineEdit*, kTracks> TxtBufferHex{};
   QLabel* LblActivity = nullptr;
+  QLabel* LblDevice = nullptr;
   QLabel* LblPlace = nullptr;
   QLabel* LblLED = nullptr;
   QLabel* LblBuzzer = nullptr;

@@ -1,37 +1,25 @@
 #include "printer/indicator_sign.h"
 
-#include "printer/rhythm.h"
-
 #include <QPainter>
 #include <QPainterPath>
 
-#include <chrono>
+#include <utility>
 
 namespace vantrel {
 
+QColor LedColour(char colour) {
+  if (colour == '2') return {0xe5, 0x39, 0x35};
+  return colour == '3' ? QColor(0xff, 0x98, 0x00) : QColor(0x2e, 0xb8, 0x5c);
+}
+
 IndicatorSign::IndicatorSign(Shape shape, QWidget* parent) : QWidget(parent), shape_(shape) {
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  next_turn_.setSingleShot(true);
-  next_turn_.setTimerType(Qt::PreciseTimer);
-  connect(&next_turn_, &QTimer::timeout, this, &IndicatorSign::Turn);
 }
 
-void IndicatorSign::Show(char operation, const QColor& colour) {
-  if (operation == operation_ && colour == colour_) return;
-  operation_ = operation;
+void IndicatorSign::Show(bool on, const QColor& colour) {
+  if (on == on_ && colour == colour_) return;
+  const bool was_on = std::exchange(on_, on);
   colour_ = colour;
-  on_ = false;
-  since_.start();
-  Turn();
-}
-
-void IndicatorSign::Turn() {
-  const std::chrono::milliseconds since{since_.elapsed()};
-  const bool was_on = std::exchange(on_, IsOn(operation_, since));
-  if (const auto left = UntilNextTurn(operation_, since))
-    next_turn_.start(*left);
-  else
-    next_turn_.stop();
   update();
   if (on_ && !was_on) emit TurnedOn();
 }

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QColor>
-#include <QElapsedTimer>
-#include <QTimer>
 #include <QWidget>
 
 namespace vantrel {
 
-// A lamp or a bell that goes on and off in the rhythm of an operation digit of 5Ah.
+// The colour of the lit LED, by its digit of 5Ah: '1' green, '2' red, '3' orange.
+QColor LedColour(char colour);
+
+// A lamp or a bell that is on or off.
 class IndicatorSign : public QWidget {
   Q_OBJECT
 
@@ -16,28 +17,24 @@ class IndicatorSign : public QWidget {
 
   explicit IndicatorSign(Shape shape, QWidget* parent = nullptr);
 
-  // Begins this operation in this colour; does nothing while both are as they were.
-  void Show(char operation, const QColor& colour);
+  // Shows it on, in this colour, or off, from now on.
+  void Show(bool on, const QColor& colour);
   bool IsOnNow() const { return on_; }
 
   QSize sizeHint() const override { return {22, 22}; }
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  signals:
+  // It was off and is on now.
   void TurnedOn();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void Turn();
-
   Shape shape_;
-  char operation_ = '0';
   QColor colour_;
   bool on_ = false;
-  QElapsedTimer since_;
-  QTimer next_turn_;
 };
 
 }  // namespace vantrel

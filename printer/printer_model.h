@@ -89,6 +89,7 @@ class PrinterModel {
   // it takes on the line, and a console at another speed and the printer each hear of the other
   // what a line at the wrong speed makes of it: noise, or nothing.
   void SetPacing(bool pacing);
+  bool Pacing() const { return pacing_; }
   // Whether every command's work takes no time; false at start.
   void SetInstantWork(bool instant) { instant_ = instant; }
 

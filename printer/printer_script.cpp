@@ -2,6 +2,7 @@
 
 #include "link/frame.h"
 #include "printer/face_view.h"
+#include "printer/line_speed.h"
 #include "printer/printer_model.h"
 #include "printer/printer_server.h"
 
@@ -21,7 +22,8 @@ constexpr int kDefaultWait = 10000;  // milliseconds
 constexpr int kLongestWait = 3600000;
 constexpr std::string_view kHelp =
     "help | insert [ordinary|cleaning] | pull | track N TEXT | read track N | state | face PATH | "
-    "log [PATH] | fault TEXT | wait frame [CODE] [MS] | quit";
+    "log [PATH] | fault TEXT | power on|off | series ql7|ql8 | speed BPS | wait frame [CODE] [MS] "
+    "| quit";
 
 // The first word, and what follows it after one or more blanks.
 std::pair<std::string_view, std::string_view> Split(std::string_view text) {
@@ -160,6 +162,9 @@ std::string PrinterScript::Do(const std::string& line) {
   if (word == "face") return SaveFace(rest);
   if (word == "log") return Log(rest);
   if (word == "fault") return Fault(rest);
+  if (word == "power") return Power(rest);
+  if (word == "series") return ChangeSeries(rest);
+  if (word == "speed") return ChangeSpeed(rest);
   if (word == "wait") return BeginWait(rest);
   if (word == "quit") return rest.empty() ? "ok" : "error quit takes no parameter";
   return "error unknown command \"" + Escaped(word) + "\"; help tells the commands";
@@ -236,6 +241,28 @@ std::string PrinterScript::Fault(std::string_view rest) {
   std::string error = "this printer takes no faults";
   if (rest.empty()) return "error fault takes the fault to have";
   return set_fault_ && set_fault_(std::string(rest), error) ? "ok" : "error " + error;
+}
+
+std::string PrinterScript::Power(std::string_view rest) {
+  if (rest != "on" && rest != "off") return "error power takes \"on\" or \"off\"";
+  server_.SetPower(rest == "on");
+  return "ok";
+}
+
+std::string PrinterScript::ChangeSeries(std::string_view rest) {
+  if (rest != "ql7" && rest != "ql8") return "error series takes \"ql7\" or \"ql8\"";
+  model_.SetSeries(rest == "ql8" ? Series::kQl8 : Series::kQl7);
+  return "ok";
+}
+
+std::string PrinterScript::ChangeSpeed(std::string_view rest) {
+  const auto speed = NumberIn(rest, 10);
+  if (!speed || *speed < kLowestSpeed || *speed > kHighestSpeed) {
+    return "error speed takes a number from " + std::to_string(kLowestSpeed) + " to " +
+           std::to_string(kHighestSpeed);
+  }
+  model_.SetSpeed(*speed);
+  return "ok";
 }
 
 std::string PrinterScript::BeginWait(std::string_view rest) {

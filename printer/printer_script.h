@@ -65,6 +65,9 @@ class PrinterScript : public QObject {
   std::string SaveFace(std::string_view rest) const;
   std::string Log(std::string_view rest) const;
   std::string Fault(std::string_view rest);
+  std::string Power(std::string_view rest);
+  std::string ChangeSeries(std::string_view rest);
+  std::string ChangeSpeed(std::string_view rest);
   std::string BeginWait(std::string_view rest);
   // Ends the wait if the frame has come.
   void LookForFrame();

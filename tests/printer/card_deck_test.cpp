@@ -1,15 +1,11 @@
 #include "printer/card_deck.h"
 
-#include "printer/rhythm.h"
-
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
 namespace vantrel {
 namespace {
-
-using namespace std::chrono_literals;
 
 Card CardWith(const std::string& track) {
   Card card;
@@ -47,28 +43,6 @@ TEST(CardDeck, RefusesWhatItHasNotAndWhatItCannotHold) {
   EXPECT_EQ(deck.Size(), CardDeck::kMostCards);
   EXPECT_THROW(deck.Make({}), std::length_error);
   EXPECT_EQ(deck.Size(), CardDeck::kMostCards);
-}
-
-TEST(Rhythm, IsOnForHalfOfEachCycle) {
-  EXPECT_FALSE(IsOn('0', 0ms));
-  EXPECT_TRUE(IsOn('1', 100000ms));
-  EXPECT_TRUE(IsOn('2', 499ms));
-  EXPECT_FALSE(IsOn('2', 500ms));
-  EXPECT_TRUE(IsOn('2', 100000ms));
-  EXPECT_TRUE(IsOn('3', 0ms));
-  EXPECT_FALSE(IsOn('3', 1000ms));
-  EXPECT_TRUE(IsOn('4', 2499ms));
-  EXPECT_FALSE(IsOn('4', 3000ms));
-}
-
-TEST(Rhythm, TellsWhenItNextTurns) {
-  EXPECT_EQ(UntilNextTurn('1', 0ms), std::nullopt);
-  EXPECT_EQ(UntilNextTurn('2', 0ms), 500ms);
-  EXPECT_EQ(UntilNextTurn('2', 700ms), 300ms);
-  EXPECT_EQ(UntilNextTurn('3', 700ms), 300ms);
-  EXPECT_EQ(UntilNextTurn('3', 1000ms), std::nullopt);
-  EXPECT_EQ(UntilNextTurn('4', 2999ms), 1ms);
-  EXPECT_EQ(UntilNextTurn('4', 3000ms), std::nullopt);
 }
 
 }  // namespace

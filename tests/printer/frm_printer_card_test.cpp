@@ -1,12 +1,7 @@
 // The card's side of the window: its face, its tracks, the deck.
 
 #include "printer/face_view.h"
-#include "printer/frm_printer.h"
-#include "printer/indicator_sign.h"
-#include "printer/printer_model.h"
-#include "printer/printer_server.h"
-#include "tests/printer/device_user.h"
-#include "tests/printer/scripted_file_chooser.h"
+#include "tests/printer/printer_form_bench.h"
 
 #include <QComboBox>
 #include <QImage>
@@ -14,30 +9,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
-#include <QTabWidget>
 #include <QTemporaryDir>
-#include <QTest>
-#include <gtest/gtest.h>
-
-#include <stdexcept>
 
 namespace vantrel {
 namespace {
 
-class FrmPrinterCard : public testing::Test {
+class FrmPrinterCard : public PrinterFormBench {
  protected:
-  FrmPrinterCard() {
-    model_.SetInstantWork(true);
-    form_.show();
-  }
-
-  template <typename Widget>
-  Widget* Find(const char* name) {
-    auto* widget = form_.findChild<Widget*>(name);
-    if (widget == nullptr) throw std::runtime_error(name);
-    return widget;
-  }
-  void Click(const char* name) { QTest::mouseClick(Find<QAbstractButton>(name), Qt::LeftButton); }
   QString Line(const char* name) { return Find<QLineEdit>(name)->text(); }
   // Has the deck's card of this index taken as a person would, with the keyboard.
   void Choose(int index) {
@@ -62,10 +40,6 @@ class FrmPrinterCard : public testing::Test {
   }
 
   QTemporaryDir folder_;
-  PrinterModel model_;
-  PrinterServer server_{model_};
-  ScriptedFileChooser files_;
-  FrmPrinter form_{model_, server_, files_};
 };
 
 TEST_F(FrmPrinterCard, ShowsEachDotAsASquareOfWholePixels) {
@@ -165,37 +139,15 @@ TEST_F(FrmPrinterCard, ShowsTracksAndBuffersAsTextAndHex) {
   EXPECT_EQ(Line("TxtBuffer_1"), "");
   EXPECT_EQ(Find<QLineEdit>("TxtBuffer_1")->placeholderText(), "no card has passed");
   Click("CmdInsertCard");
-  const DeviceUser console(server_.DevicePath());
-  console.Write("02 21 03 22");
+  console_.Write("02 21 03 22");
   ASSERT_TRUE(QTest::qWaitFor([&] { return Line("TxtBuffer_1") == "AB"; }));
   EXPECT_EQ(Line("TxtBufferHex_1"), "41 42");
   EXPECT_EQ(Find<QLineEdit>("TxtBuffer_2")->placeholderText(), "empty");
 }
 
-TEST_F(FrmPrinterCard, TakesFurtherPages) {
-  auto* page = new QLabel("x");
-  form_.AddPage(page, "Faults");
-  auto* pages = Find<QTabWidget>("TabPages");
-  EXPECT_EQ(pages->tabText(pages->count() - 1), "Faults");
-  EXPECT_EQ(pages->widget(pages->count() - 1), page);
-}
-
 TEST_F(FrmPrinterCard, FitsAWindowOf1024By700) {
   EXPECT_LE(form_.minimumSizeHint().width(), 1024);
   EXPECT_LE(form_.minimumSizeHint().height(), 700);
-}
-
-TEST(IndicatorSign, TurnsOnAndOffInItsRhythm) {
-  IndicatorSign sign(IndicatorSign::Shape::kLamp);
-  int turned_on = 0;
-  QObject::connect(&sign, &IndicatorSign::TurnedOn, [&] { ++turned_on; });
-  sign.Show('3', Qt::red);
-  EXPECT_TRUE(sign.IsOnNow());
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !sign.IsOnNow(); }));
-  sign.Show('2', Qt::red);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return turned_on == 3; }));
-  sign.Show('0', Qt::red);
-  EXPECT_FALSE(sign.IsOnNow());
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 #include "printer/frm_printer.h"
 
-#include "printer/printer_model.h"
-#include "printer/printer_server.h"
-#include "tests/printer/device_user.h"
-#include "tests/printer/scripted_file_chooser.h"
+#include "tests/printer/printer_form_bench.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -12,31 +9,14 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableView>
-#include <QTest>
-#include <gtest/gtest.h>
 
 #include <sys/ioctl.h>
-
-#include <stdexcept>
 
 namespace vantrel {
 namespace {
 
-class FrmPrinterTest : public testing::Test {
+class FrmPrinterTest : public PrinterFormBench {
  protected:
-  FrmPrinterTest() {
-    model_.SetInstantWork(true);
-    form_.show();
-  }
-
-  template <typename Widget>
-  Widget* Find(const char* name) {
-    auto* widget = form_.findChild<Widget*>(name);
-    if (widget == nullptr) throw std::runtime_error(name);
-    return widget;
-  }
-  QString Label(const char* name) { return Find<QLabel>(name)->text(); }
-  void Click(const char* name) { QTest::mouseClick(Find<QAbstractButton>(name), Qt::LeftButton); }
   // The log's lines: direction, hex and meaning.
   QStringList Log() {
     const QAbstractItemModel* log = Find<QTableView>("TxtLog")->model();
@@ -49,12 +29,6 @@ class FrmPrinterTest : public testing::Test {
     }
     return lines;
   }
-
-  PrinterModel model_;
-  PrinterServer server_{model_};
-  ScriptedFileChooser files_;
-  FrmPrinter form_{model_, server_, files_};
-  DeviceUser console_{server_.DevicePath()};
 };
 
 TEST_F(FrmPrinterTest, ShowsTheDeviceAsSelectableText) {
@@ -108,14 +82,6 @@ TEST_F(FrmPrinterTest, ShowsAWaitAndEndsItWithACard) {
                                 "sent | 06 | 06h acknowledge",
                                 "sent | 02 21 20 41 42 43 03 42 | "
                                 "reply 21h: 20h normal status, \"ABC\""}));
-}
-
-TEST_F(FrmPrinterTest, ShowsLedAndBuzzer) {
-  EXPECT_EQ(Label("LblLED"), "off");
-  // Buzzer on, orange, three cycles.
-  console_.Write("02 5A 31 33 34 03 6F");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblLED") == "3 cycles, orange"; }));
-  EXPECT_EQ(Label("LblBuzzer"), "on");
 }
 
 TEST_F(FrmPrinterTest, ServesWorkThatTakesTime) {

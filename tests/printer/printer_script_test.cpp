@@ -38,7 +38,8 @@ TEST_F(ScriptedPrinter, TellsItsCommands) {
   Begin();
   EXPECT_EQ(Ask("help"),
             "ok help | insert [ordinary|cleaning] | pull | track N TEXT | read track N | state | "
-            "face PATH | log [PATH] | fault TEXT | wait frame [CODE] [MS] | quit");
+            "face PATH | log [PATH] | fault TEXT | power on|off | series ql7|ql8 | speed BPS | "
+            "wait frame [CODE] [MS] | quit");
 }
 
 TEST_F(ScriptedPrinter, PutsCardsInAndPullsThemOut) {
@@ -107,6 +108,55 @@ TEST_F(ScriptedPrinter, WaitsForFramesInTheirOrder) {
         "error wait takes \"frame\", a code of two hex digits, and milliseconds up to 3600000")
         << bad;
   }
+}
+
+TEST_F(ScriptedPrinter, SetsFaultsAndTakesThemAway) {
+  Begin();
+  EXPECT_EQ(Ask("fault reject until cleared"), "ok");
+  console_->Write("02 95 03 96");
+  EXPECT_EQ(console_->Read(1), "10");
+  EXPECT_EQ(Ask("fault sulk"), "error There is no fault 'sulk'.");
+  EXPECT_EQ(Ask("fault clear"), "ok");
+  console_->Write("02 95 03 96");
+  EXPECT_EQ(console_->Read(7), "06 02 95 20 30 03 86");
+}
+
+TEST_F(ScriptedPrinter, SwitchesThePower) {
+  Begin();
+  EXPECT_EQ(Ask("power off"), "ok");
+  EXPECT_EQ(Ask("state"),
+            "ok card ordinary, outside; printer Switched off; LED off; buzzer off; transports 0; "
+            "prints 0");
+  EXPECT_EQ(Ask("power on"), "ok");
+  console_->Write("02 95 03 96");
+  EXPECT_EQ(console_->Read(7), "06 02 95 20 30 03 86");
+  EXPECT_EQ(Ask("power"), "error power takes \"on\" or \"off\"");
+  EXPECT_EQ(Ask("power up"), "error power takes \"on\" or \"off\"");
+}
+
+TEST_F(ScriptedPrinter, ChangesTheSeries) {
+  Begin();
+  EXPECT_EQ(Ask("series ql8"), "ok");
+  // 31h "1" writes the first track, which a QL-8 does not.
+  console_->Write("02 31 31 03 03");
+  EXPECT_EQ(console_->Read(1), "10");
+  EXPECT_EQ(Ask("series ql7"), "ok");
+  console_->Write("02 31 31 03 03");
+  EXPECT_EQ(console_->Read(1), "06");
+  EXPECT_EQ(Ask("series QL-8"), "error series takes \"ql7\" or \"ql8\"");
+}
+
+TEST_F(ScriptedPrinter, ChangesTheSpeed) {
+  Begin({});
+  EXPECT_EQ(Ask("speed 19200"), "ok");
+  // What is asked at 9600 is lost; the first answer is that to the second question.
+  console_->Write("02 95 03 96");
+  EXPECT_FALSE(console_->ReadsTo("86", 200));
+  EXPECT_EQ(Ask("speed 9600"), "ok");
+  console_->Write("02 96 03 95");
+  EXPECT_EQ(console_->Read(7), "06 02 96 20 30 03 85");
+  for (const char* bad : {"speed", "speed 49", "speed 4000001", "speed fast", "speed 9600 8"})
+    EXPECT_EQ(Ask(bad), "error speed takes a number from 50 to 4000000") << bad;
 }
 
 TEST_F(ScriptedPrinter, SavesTheFace) {
