@@ -3,8 +3,8 @@
 #include "console/command_table.h"
 
 #include <QEvent>
+#include <QPainter>
 #include <QStyleOptionButton>
-#include <QStylePainter>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -37,6 +37,7 @@ CommandButton::CommandButton(const ConsoleCommand& command, QWidget* parent)
       code_length_(static_cast<int>(command.code.size())) {
   setObjectName(TextOf(command.button));
   setProperty("Tag", TextOf(command.tag));
+  setAttribute(Qt::WA_OpaquePaintEvent);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
@@ -77,7 +78,7 @@ void CommandButton::changeEvent(QEvent* event) {
     case QEvent::PaletteChange:
     case QEvent::StyleChange:
       heights_.clear();
-      std::fill(std::begin(caption_), std::end(caption_), QPixmap());
+      pictures_ = {};
       break;
     default:
       break;
@@ -85,20 +86,27 @@ void CommandButton::changeEvent(QEvent* event) {
   QPushButton::changeEvent(event);
 }
 
-const QPixmap& CommandButton::Caption() {
-  QPixmap& caption = caption_[isEnabled() ? 0 : 1];
-  if (!caption.isNull() && caption.deviceIndependentSize() == QSizeF(size()) &&
-      caption.devicePixelRatio() == devicePixelRatio())
-    return caption;
-  caption = QPixmap(size() * devicePixelRatio());
-  caption.setDevicePixelRatio(devicePixelRatio());
-  caption.fill(Qt::transparent);
-  QPainter painter(&caption);
+void CommandButton::Paint(QPainter& painter, const QStyleOptionButton& option) const {
+  painter.fillRect(rect(), palette().window());
+  style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
   painter.setPen(CaptionColor(palette(), isEnabled()));
   QTextLayout layout(text(), font());
   const qreal text_height = LayOut(layout, width() - 2 * kMargin);
   layout.draw(&painter, {static_cast<qreal>(kMargin), std::floor((height() - text_height) / 2)});
-  return caption;
+}
+
+const QPixmap& CommandButton::Picture(const QStyleOptionButton& option) {
+  const bool active = option.state.testFlag(QStyle::State_Active);
+  QPixmap& picture = pictures_.at((isEnabled() ? 0U : 1U) + (active ? 0U : 2U));
+  if (!picture.isNull() && picture.deviceIndependentSize() == QSizeF(size()) &&
+      picture.devicePixelRatio() == devicePixelRatio())
+    return picture;
+  picture = QPixmap(size() * devicePixelRatio());
+  picture.setDevicePixelRatio(devicePixelRatio());
+  picture.fill(palette().color(QPalette::Window));
+  QPainter painter(&picture);
+  Paint(painter, option);
+  return picture;
 }
 
 QSize CommandButton::sizeHint() const { return minimumSizeHint(); }
@@ -108,13 +116,16 @@ QSize CommandButton::minimumSizeHint() const {
 }
 
 void CommandButton::paintEvent(QPaintEvent*) {
-  QStylePainter painter(this);
   QStyleOptionButton option;
   initStyleOption(&option);
   option.text.clear();
-  painter.drawControl(QStyle::CE_PushButton, option);
-
-  painter.drawPixmap(0, 0, Caption());
+  QPainter painter(this);
+  constexpr QStyle::State kRare =
+      QStyle::State_HasFocus | QStyle::State_MouseOver | QStyle::State_Sunken;
+  if (option.state & kRare)
+    Paint(painter, option);
+  else
+    painter.drawPixmap(0, 0, Picture(option));
 }
 
 }  // namespace vantrel

@@ -4,6 +4,10 @@
 #include <QPixmap>
 #include <QPushButton>
 
+#include <array>
+
+class QPainter;
+class QStyleOptionButton;
 class QTextLayout;
 
 namespace vantrel {
@@ -31,14 +35,17 @@ class CommandButton : public QPushButton {
  private:
   // Lays the caption out in lines of `width` pixels, centred, and returns the height of all lines.
   qreal LayOut(QTextLayout& layout, int width) const;
-  const QPixmap& Caption();
+  // Paints the whole button, what lies behind its corners too.
+  void Paint(QPainter& painter, const QStyleOptionButton& option) const;
+  // The button as it was painted last in the state of `option`.
+  const QPixmap& Picture(const QStyleOptionButton& option);
 
   const int code_length_;
   // The heights found for widths, because a layout asks for each many times over.
   mutable QHash<int, int> heights_;
-  // The caption as it was painted last, in the colours of an enabled and of a disabled button: each
-  // command repaints nearly all buttons twice.
-  QPixmap caption_[2];
+  // Pictures of the button, enabled and not, in an active window and not: each command repaints
+  // nearly all buttons twice.
+  std::array<QPixmap, 4> pictures_;
 };
 
 }  // namespace vantrel

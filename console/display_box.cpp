@@ -23,6 +23,10 @@ DisplayBox::DisplayBox(const QString& name, const QString& accessible_name, int 
   setMinimumHeight(fontMetrics().lineSpacing() * lines + margins);
 }
 
+void DisplayBox::SetText(const QString& text) {
+  if (text.isEmpty() ? !document()->isEmpty() : text != toPlainText()) setPlainText(text);
+}
+
 QSize DisplayBox::sizeHint() const { return minimumSize(); }
 
 }  // namespace vantrel

@@ -14,6 +14,9 @@ class DisplayBox : public QPlainTextEdit {
   DisplayBox(const QString& name, const QString& accessible_name, int lines,
              QWidget* parent = nullptr);
 
+  // Shows `text`; a text that it shows already costs nothing.
+  void SetText(const QString& text);
+
   QSize sizeHint() const override;
 };
 

@@ -22,6 +22,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace vantrel {
@@ -29,6 +30,15 @@ namespace {
 
 constexpr int kColumns = 6;
 constexpr int kProgressInterval = 200;  // milliseconds
+
+// Takes the width it is given and the height that its text needs then. Other sizes are not worked
+// out: that would lay the text out several times more at each change.
+class HintsLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+  QSize sizeHint() const override { return {0, 0}; }
+  QSize minimumSizeHint() const override { return {0, 0}; }
+};
 
 QLabel* NewLabel(const QString& name, const QString& caption) {
   auto* label = new QLabel(caption);
@@ -63,7 +73,8 @@ FrmVantrel::FrmVantrel(Port& port, Dialogs& dialogs, SystemTime system_time, Cod
 
   progress_timer_.setInterval(kProgressInterval);
   connect(&progress_timer_, &QTimer::timeout, this, &FrmVantrel::ShowProgress);
-  buttons_.front()->setFocus();
+  clock_.OnSleep([this] { button_area_->setUpdatesEnabled(true); });
+  ordinary_buttons_.front()->setFocus();
   Form_Load();
 }
 
@@ -128,7 +139,9 @@ QWidget* FrmVantrel::BuildExchange() {
   progress_->setFixedHeight(6);
   progress_->setValue(0);
 
-  lbl_hints_ = NewLabel("LblHints", "");
+  lbl_hints_ = new HintsLabel;
+  lbl_hints_->setObjectName("LblHints");
+  lbl_hints_->setTextFormat(Qt::PlainText);
   lbl_hints_->setWordWrap(true);
   lbl_hints_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   lbl_hints_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -168,6 +181,7 @@ QWidget* FrmVantrel::BuildExchange() {
 
 QWidget* FrmVantrel::BuildButtons() {
   auto* area = new QWidget;
+  button_area_ = area;
   auto* grid = new QGridLayout(area);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(6);
@@ -179,7 +193,7 @@ QWidget* FrmVantrel::BuildButtons() {
     auto* button = new CommandButton(command);
     connect(button, &QPushButton::clicked, this,
             [this, &command] { GuardedApplication::Run([&] { (handlers_.*command.click)(); }); });
-    buttons_.push_back(button);
+    if (command.tag == "1") ordinary_buttons_.push_back(button);
     // Down each column in table order; a line stands between two columns.
     grid->addWidget(button, i % rows, i / rows * 2);
   }
@@ -265,10 +279,10 @@ void FrmVantrel::SetText(Field field, const std::string& text) {
       txt_command_->setText(qtext);
       break;
     case Field::TxtSyntax:
-      txt_syntax_->setPlainText(qtext);
+      txt_syntax_->SetText(qtext);
       break;
     case Field::TxtResponse:
-      txt_response_->setPlainText(qtext);
+      txt_response_->SetText(qtext);
       break;
     case Field::LblHints:
       lbl_hints_->setText(qtext);
@@ -305,14 +319,17 @@ void FrmVantrel::EnableCommandButtons(bool enabled) {
   // button that stays enabled. The focus waits in the response box instead.
   if (!enabled) {
     auto* focused = qobject_cast<CommandButton*>(focusWidget());
-    if (focused != nullptr && focused->property("Tag") == "1") {
+    if (std::count(ordinary_buttons_.begin(), ordinary_buttons_.end(), focused) > 0) {
       focus_to_return_ = focused;
       txt_response_->setFocus();
     }
     progress_timer_.start();
   }
-  for (CommandButton* button : buttons_)
-    if (button->property("Tag") == "1") button->setEnabled(enabled);
+  // One repaint of the area costs less than one of each button; and the disabled buttons are
+  // painted only when the wait begins, so that they do not keep the frame from the line.
+  button_area_->setUpdatesEnabled(false);
+  for (CommandButton* button : ordinary_buttons_) button->setEnabled(enabled);
+  if (enabled) button_area_->setUpdatesEnabled(true);
   if (enabled && focus_to_return_ != nullptr) {
     if (focusWidget() == txt_response_) focus_to_return_->setFocus();
     focus_to_return_ = nullptr;

@@ -88,7 +88,8 @@ class FrmVantrel : public QMainWindow, private Display, private SubForms {
   Transaction transaction_;
   CommandHandlers handlers_;
 
-  std::vector<CommandButton*> buttons_;
+  QWidget* button_area_ = nullptr;
+  std::vector<CommandButton*> ordinary_buttons_;  // disabled while a command waits
   CommandButton* focus_to_return_ = nullptr;
   QLineEdit* txt_command_ = nullptr;
   DisplayBox* txt_syntax_ = nullptr;

@@ -25,6 +25,7 @@ void EventLoopClock::Stop(Timer timer) { TimerOf(timer).stop(); }
 void EventLoopClock::Yield() { QCoreApplication::processEvents(); }
 
 void EventLoopClock::WaitForEvents() {
+  if (on_sleep_) on_sleep_();
   QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 

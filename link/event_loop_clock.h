@@ -4,6 +4,9 @@
 
 #include <QTimer>
 
+#include <functional>
+#include <utility>
+
 namespace vantrel {
 
 // The clock of the user-interface thread: Qt's timers, precise to the millisecond, and its event
@@ -17,6 +20,9 @@ class EventLoopClock : public Clock {
   void Stop(Timer timer) override;
   void Yield() override;
   void WaitForEvents() override;
+
+  // Has `work` run each time before WaitForEvents sleeps. It must be quick and must not throw.
+  void OnSleep(std::function<void()> work) { on_sleep_ = std::move(work); }
 
   // Milliseconds left until the timer ticks; 0 when it is not running.
   int Remaining(Timer timer) const;
@@ -32,6 +38,7 @@ class EventLoopClock : public Clock {
   QTimer time_out_;
   QTimer wait_timer_;
   Listener* listener_ = nullptr;
+  std::function<void()> on_sleep_;
 };
 
 }  // namespace vantrel
