@@ -13,6 +13,17 @@ constexpr int kUsageError = 2;
 using vantrel::kHighestSpeed;
 using vantrel::kLowestSpeed;
 
+constexpr const char* kStatusStringHelp =
+    "\nThe data of the reply to 59h are eight digits:\n"
+    "  1  place of the card: 0 outside, 1 front, 2 inside, 3 rear, 4 waiting to be pulled out\n"
+    "  2  kind of the card: 0 no card in the printer, 1 ordinary, 2 cleaning\n"
+    "  3  wait of a command: 0 none, 1 for a card, 2 for a card's removal\n"
+    "  4  target card: 0 none, 1 present\n"
+    "  5  buzzer, in the digits of 5Ah\n"
+    "  6  colour of the LED, in the digits of 5Ah\n"
+    "  7  LED, in the digits of 5Ah\n"
+    "  8  cleaning button, as it is in force: 0 disabled, 1 enabled\n";
+
 ParsedPrinterOptions UsageError(const QString& error) {
   std::cerr << "vantrel-printer: " << error.toStdString()
             << "\nTry 'vantrel-printer --help' for the options.\n";
@@ -62,7 +73,7 @@ ParsedPrinterOptions ParsePrinterOptions(const QStringList& arguments) {
     return UsageError(
         QString("Unexpected argument '%1'.").arg(parser.positionalArguments().first()));
   if (parser.isSet(help)) {
-    std::cout << parser.helpText().toStdString();
+    std::cout << parser.helpText().toStdString() << kStatusStringHelp;
     return {{}, EXIT_SUCCESS};
   }
   if (parser.isSet(version)) {

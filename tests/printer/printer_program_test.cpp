@@ -190,7 +190,8 @@ TEST_F(PrinterProgram, ExplainsEachOption) {
                            "--script ",
                            "Takes commands from standard input",
                            "--through <DEVICE> ",
-                           "passes on every byte"}) {
+                           "passes on every byte",
+                           "The data of the reply to 59h are eight digits:"}) {
     EXPECT_TRUE(help.contains(text)) << text;
   }
 }
