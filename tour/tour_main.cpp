@@ -34,6 +34,7 @@ int main(int argc, char** argv) {
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
     if (!message.contains("propagateSizeHints")) std::cerr << message.toStdString() << "\n";
   });
+  std::cout << std::unitbuf;  // each exchange is to be seen when it happens
   TellingDialogs dialogs;
   vantrel::GuardedApplication application(argc, argv, dialogs,
                                           [](int status) { std::_Exit(status); });
