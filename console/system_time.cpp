@@ -9,14 +9,12 @@ QString LongTimeFormat(const QLocale& locale) {
   bool quoted = false;
   for (const QChar character : format) {
     if (character == u'\'') quoted = !quoted;
-    if (quoted) {
-      without_zone += character;
-    } else if (character == u'B') {
-      // Parts of the day ("in the evening"), which Qt would write as this letter.
+    if (!quoted && QStringView(u"t()[]").contains(character)) continue;
+    // Parts of the day ("in the evening"), which Qt would write as this letter.
+    if (!quoted && character == u'B')
       without_zone += "AP";
-    } else if (!QStringView(u"t()[]").contains(character)) {
+    else
       without_zone += character;
-    }
   }
   without_zone = without_zone.trimmed();
   // A comma may have stood before the zone.

@@ -14,7 +14,7 @@ class Converter {
  public:
   Converter(const std::string& to, const std::string& from)
       : handle_(iconv_open(to.c_str(), from.c_str())) {
-    // iconv_open's failure value is the handle -1.
+    // iconv_open's failure value is the handle -1. NOLINTNEXTLINE(performance-no-int-to-ptr)
     if (handle_ == reinterpret_cast<iconv_t>(-1))
       throw std::runtime_error("The system cannot convert text from " + from + " to " + to + ".");
   }

@@ -35,7 +35,7 @@ OpenFailure FailureOf(const std::string& device, QSerialPort::SerialPortError er
 }  // namespace
 
 std::string SystemDevice(int port_number) {
-  const std::string link = "/dev/com" + std::to_string(port_number);
+  std::string link = "/dev/com" + std::to_string(port_number);
   struct stat status = {};
   if (lstat(link.c_str(), &status) == 0) return link;
   return "/dev/ttyS" + std::to_string(port_number - 1);
@@ -56,7 +56,7 @@ SerialPort::SerialPort(DeviceOf device_of) : device_of_(std::move(device_of)) {
   });
 }
 
-SerialPort::~SerialPort() { Close(); }
+SerialPort::~SerialPort() { SerialPort::Close(); }
 
 std::string SerialPort::Name() const {
   const std::string device = device_.empty() ? device_of_(number_) : device_;

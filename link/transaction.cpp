@@ -136,9 +136,9 @@ void Transaction::Delay(int milliseconds, int depth) {
 void Transaction::ThrowIfAbandoned(int depth) {
   if (depth > abandoned_depth_) return;
   if (!loss_) throw ExchangeEnded();
-  const PortError loss = *loss_;
+  const std::string message = loss_->what();
   loss_.reset();
-  throw loss;
+  throw PortError(message);
 }
 
 void Transaction::Abandon() {
