@@ -1,6 +1,7 @@
 #include "tests/console/command_fixture.h"
 
 #include "console/command_table.h"
+#include "tests/support/fake_display.h"
 
 #include <algorithm>
 #include <ostream>
@@ -9,24 +10,6 @@
 
 namespace vantrel {
 namespace {
-
-const char* NameOf(Field field) {
-  switch (field) {
-    case Field::TxtCommand:
-      return "TxtCommand";
-    case Field::TxtSyntax:
-      return "TxtSyntax";
-    case Field::TxtResponse:
-      return "TxtResponse";
-    case Field::LblHints:
-      return "LblHints";
-    case Field::Panel1:
-      return "Panel1";
-    case Field::Panel2:
-      return "Panel2";
-  }
-  return "";
-}
 
 std::string ToHex(const Bytes& bytes) {
   std::string hex;

@@ -1,9 +1,8 @@
 #include "tests/support/fake_display.h"
 
 namespace vantrel {
-namespace {
 
-std::string NameOf(Field field) {
+const char* NameOf(Field field) {
   switch (field) {
     case Field::TxtCommand:
       return "TxtCommand";
@@ -21,8 +20,6 @@ std::string NameOf(Field field) {
   return "?";
 }
 
-}  // namespace
-
 std::vector<std::string> FakeDisplay::TextsOf(Field field) const {
   const auto found = texts_.find(field);
   return found == texts_.end() ? std::vector<std::string>() : found->second;
@@ -30,7 +27,7 @@ std::vector<std::string> FakeDisplay::TextsOf(Field field) const {
 
 void FakeDisplay::SetText(Field field, const std::string& text) {
   texts_[field].push_back(text);
-  Note(log_, NameOf(field) + " = \"" + text + "\"");
+  Note(log_, std::string(NameOf(field)) + " = \"" + text + "\"");
 }
 
 std::string FakeDisplay::Text(Field field) const {

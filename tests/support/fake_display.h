@@ -9,6 +9,9 @@
 
 namespace vantrel {
 
+// The control that shows a field: "TxtCommand", "LblHints", "Panel1" ...
+const char* NameOf(Field field);
+
 // The console's texts in memory. All are empty and the buttons enabled when made.
 class FakeDisplay : public Display {
  public:
