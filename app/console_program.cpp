@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::app {
 namespace {
 
 // Ends from inside any wait or box; nothing runs afterwards.
@@ -21,12 +21,14 @@ ConsoleProgram::ConsoleProgram(int& argc, char** argv)
   QApplication::setDesktopFileName("vantrel");
 }
 
-int ConsoleProgram::Run(SerialPort::DeviceOf device_of) {
-  SerialPort port(std::move(device_of));
-  FrmVantrel form(port, dialogs_, SystemTimeOf(QLocale::system()), SystemCodePage(), EndAtOnce);
-  QObject::connect(&form, &FrmVantrel::Closed, &application_, [] { QApplication::exit(0); });
+int ConsoleProgram::Run(link::SerialPort::DeviceOf device_of) {
+  link::SerialPort port(std::move(device_of));
+  console::FrmVantrel form(port, dialogs_, application_, console::SystemTimeOf(QLocale::system()),
+                           link::SystemCodePage(), EndAtOnce);
+  QObject::connect(&form, &console::FrmVantrel::Closed, &application_,
+                   [] { QApplication::exit(0); });
   form.show();
   return QApplication::exec();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::app

@@ -4,7 +4,7 @@
 #include "dialogs/window_dialogs.h"
 #include "link/serial_port.h"
 
-namespace vantrel {
+namespace vantrel::app {
 
 // The console as a program of its own: the application object, its dialogs and, while it runs, its
 // form.
@@ -14,11 +14,11 @@ class ConsoleProgram {
 
   // Runs the console on the devices that `device_of` names until it is closed. Returns 0; Exit and
   // a fault of the program end the process at once instead, with status 0 and 1.
-  int Run(SerialPort::DeviceOf device_of);
+  int Run(link::SerialPort::DeviceOf device_of);
 
  private:
-  WindowDialogs dialogs_;
-  GuardedApplication application_;
+  dialogs::WindowDialogs dialogs_;
+  console::GuardedApplication application_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::app

@@ -1,115 +1,121 @@
 #include "app/printer_options.h"
 
-#include "printer/line_speed.h"
+#include "app/printer_table.h"
+#include "commandline/parse.h"
+#include "protocol/line_speed.h"
 
-#include <QCommandLineParser>
-
-#include <cstdlib>
+#include <charconv>
 #include <iostream>
+#include <stdexcept>
+#include <string_view>
 
+namespace vantrel::app {
 namespace {
 
-constexpr int kUsageError = 2;
-using vantrel::kHighestSpeed;
-using vantrel::kLowestSpeed;
+using commandline::Parsed;
+using commandline::WrongUse;
+using protocol::kHighestSpeed;
+using protocol::kLowestSpeed;
+using protocol::TcpAddress;
 
-constexpr const char* kStatusStringHelp =
-    "\nThe data of the reply to 59h are eight digits:\n"
-    "  1  place of the card: 0 outside, 1 front, 2 inside, 3 rear, 4 waiting to be pulled out\n"
-    "  2  kind of the card: 0 no card in the printer, 1 ordinary, 2 cleaning\n"
-    "  3  wait of a command: 0 none, 1 for a card, 2 for a card's removal\n"
-    "  4  target card: 0 none, 1 present\n"
-    "  5  buzzer, in the digits of 5Ah\n"
-    "  6  colour of the LED, in the digits of 5Ah\n"
-    "  7  LED, in the digits of 5Ah\n"
-    "  8  cleaning button, as it is in force: 0 disabled, 1 enabled\n";
+// What the table cannot see: paths that are empty and options that do not go together.
+void Check(const Parsed& parsed) {
+  if (parsed.Has("link") && parsed.Value("link").empty())
+    throw WrongUse("--link needs the path of the link to make.");
+  if (parsed.Has("capture") && parsed.Value("capture").empty())
+    throw WrongUse("--capture needs the file to write.");
+  if (parsed.Has("through") && parsed.Value("through").empty())
+    throw WrongUse("--through needs the device of the printer.");
+  if (parsed.Has("socket") && parsed.Value("socket").empty())
+    throw WrongUse("--socket needs the path of the socket to make.");
+  if (parsed.Has("tcp") && parsed.Has("socket"))
+    throw WrongUse("--tcp and --socket do not go together: a printer has one line.");
+  for (const char* option : {"tcp", "socket"}) {
+    if (parsed.Has("link") && parsed.Has(option))
+      throw WrongUse(std::string("--link has no meaning with --") + option +
+                     ": there is no device to link to.");
+  }
+  if (parsed.Has("script") && !parsed.Has("headless")) throw WrongUse("--script needs --headless.");
+  if (parsed.Has("replay") && parsed.Value("replay").empty())
+    throw WrongUse("--replay needs the capture to play back.");
+  if (parsed.Has("match") && !parsed.Has("replay")) throw WrongUse("--match needs --replay.");
+  for (const char* option : {"card", "series", "speed", "no-pacing", "case-parts"}) {
+    if (parsed.Has("replay") && parsed.Has(option))
+      throw WrongUse(std::string("--") + option +
+                     " has no meaning with --replay: there the printer of the capture answers.");
+  }
+  for (const char* option :
+       {"script", "card", "instant", "series", "speed", "no-pacing", "case-parts", "replay"}) {
+    if (parsed.Has("through") && parsed.Has(option))
+      throw WrongUse(std::string("--") + option +
+                     " has no meaning with --through: there the real printer answers.");
+  }
+}
 
-ParsedPrinterOptions UsageError(const QString& error) {
-  std::cerr << "vantrel-printer: " << error.toStdString()
-            << "\nTry 'vantrel-printer --help' for the options.\n";
-  return {{}, kUsageError};
+printer::Series SeriesIn(const std::string& text) {
+  if (text != "ql7" && text != "ql8") throw WrongUse("--series is ql7 or ql8.");
+  return text == "ql8" ? printer::Series::kQl8 : printer::Series::kQl7;
+}
+
+int SpeedIn(const std::string& text) {
+  int speed = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), speed);
+  if (error != std::errc() || end != text.data() + text.size() || speed < kLowestSpeed ||
+      speed > kHighestSpeed) {
+    throw WrongUse("--speed needs a number from " + std::to_string(kLowestSpeed) + " to " +
+                   std::to_string(kHighestSpeed) + ".");
+  }
+  return speed;
+}
+
+// An address that may lack its host where there is a default one.
+TcpAddress AddressIn(const char* option, std::string_view text, std::string_view default_host) {
+  try {
+    return protocol::ParseTcpAddress(text, default_host);
+  } catch (const std::invalid_argument& error) {
+    throw WrongUse(std::string(option) + ": " + error.what());
+  }
+}
+
+std::string PrinterIn(const std::string& through) {
+  constexpr std::string_view kTcp = "tcp:";
+  if (through.starts_with(kTcp))
+    AddressIn("--through", std::string_view(through).substr(kTcp.size()), "");
+  return through;
+}
+
+PrinterOptions OptionsOf(const Parsed& parsed) {
+  Check(parsed);
+  return {
+      .headless = parsed.Has("headless"),
+      .script = parsed.Has("script"),
+      .card = parsed.Has("card"),
+      .instant = parsed.Has("instant"),
+      .tcp = parsed.Has("tcp") ? std::optional(AddressIn("--tcp", parsed.Value("tcp"), "127.0.0.1"))
+                               : std::nullopt,
+      .socket = parsed.Value("socket"),
+      .link = parsed.Value("link"),
+      .capture = parsed.Value("capture"),
+      .replay = parsed.Value("replay"),
+      .match_code = parsed.Value("match") == "code",
+      .through = PrinterIn(parsed.Value("through")),
+      .series = SeriesIn(parsed.Value("series")),
+      .speed = SpeedIn(parsed.Value("speed")),
+      .pacing = !parsed.Has("no-pacing") && !parsed.Has("instant"),
+      .case_parts = parsed.Has("case-parts"),
+  };
 }
 
 }  // namespace
 
-ParsedPrinterOptions ParsePrinterOptions(const QStringList& arguments) {
-  QCommandLineParser parser;
-  parser.setApplicationDescription(
-      "A card printer in software. It answers on a pseudo-terminal as a printer on a serial line\n"
-      "would; the first line that it prints is the device to open. With --through it stands "
-      "between\n"
-      "a console and a real printer and shows what goes over the line.");
-  const QCommandLineOption help({"h", "help"}, "Tells these options and ends.");
-  const QCommandLineOption version({"v", "version"}, "Tells the version and ends.");
-  const QCommandLineOption headless("headless",
-                                    "Shows no window and needs no display; serves until ended.");
-  const QCommandLineOption script(
-      "script",
-      "Takes commands from standard input, one a line, and answers each with one line; 'help' "
-      "names them. Needs --headless. The printer ends with the input.");
-  const QCommandLineOption through(
-      "through",
-      "Serves no printer but passes on every byte between the console and the real printer on "
-      "DEVICE, and keeps a log of the line.",
-      "DEVICE");
-  const QCommandLineOption link(
-      "link",
-      "Makes the symbolic link PATH to the device, and removes it at the end. "
-      "A link that leads nowhere is replaced, anything else at PATH is an error.",
-      "PATH");
-  const QCommandLineOption card("card", "Starts with a card inserted at the front.");
-  const QCommandLineOption instant("instant", "Lets every command's work take no time.");
-  const QCommandLineOption series(
-      "series", "Is a printer of this series, ql7 or ql8; ql7 if not told.", "SERIES", "ql7");
-  const QCommandLineOption speed("speed", "Talks at BPS bits a second; 9600 if not told.", "BPS",
-                                 "9600");
-  const QCommandLineOption no_pacing("no-pacing",
-                                     "Answers at once and at any speed; --instant does so too.");
-  const QCommandLineOption case_parts("case-parts", "Has the case accessory parts fitted.");
-  parser.addOptions({help, version, headless, script, through, link, card, instant, series, speed,
-                     no_pacing, case_parts});
-  if (!parser.parse(arguments)) return UsageError(parser.errorText());
-  if (!parser.positionalArguments().isEmpty())
-    return UsageError(
-        QString("Unexpected argument '%1'.").arg(parser.positionalArguments().first()));
-  if (parser.isSet(help)) {
-    std::cout << parser.helpText().toStdString() << kStatusStringHelp;
-    return {{}, EXIT_SUCCESS};
+ParsedPrinterOptions ParsePrinterOptions(int argc, const char* const* argv) {
+  const auto [parsed, end] = commandline::Begin(PrinterProgram(), argc, argv, std::cout, std::cerr);
+  if (end) return {{}, end};
+  try {
+    return {OptionsOf(parsed), {}};
+  } catch (const WrongUse& error) {
+    return {{}, commandline::TellWrongUse(PrinterProgram(), error.what(), std::cerr)};
   }
-  if (parser.isSet(version)) {
-    std::cout << "vantrel-printer " VANTREL_VERSION "\n";
-    return {{}, EXIT_SUCCESS};
-  }
-  if (parser.isSet(link) && parser.value(link).isEmpty())
-    return UsageError("--link needs the path of the link to make.");
-  if (parser.isSet(through) && parser.value(through).isEmpty())
-    return UsageError("--through needs the device of the printer.");
-  if (parser.isSet(script) && !parser.isSet(headless))
-    return UsageError("--script needs --headless.");
-  for (const QCommandLineOption& option :
-       {script, card, instant, series, speed, no_pacing, case_parts}) {
-    if (parser.isSet(through) && parser.isSet(option))
-      return UsageError(
-          QString("--%1 has no meaning with --through: there the real printer answers.")
-              .arg(option.names().first()));
-  }
-  PrinterOptions options;
-  options.headless = parser.isSet(headless);
-  options.script = parser.isSet(script);
-  options.card = parser.isSet(card);
-  options.instant = parser.isSet(instant);
-  options.link = parser.value(link);
-  options.through = parser.value(through);
-  options.pacing = !parser.isSet(no_pacing) && !options.instant;
-  options.case_parts = parser.isSet(case_parts);
-  if (parser.value(series) == "ql8")
-    options.series = vantrel::Series::kQl8;
-  else if (parser.value(series) != "ql7")
-    return UsageError("--series is ql7 or ql8.");
-  bool is_number = false;
-  options.speed = parser.value(speed).toInt(&is_number);
-  if (!is_number || options.speed < kLowestSpeed || options.speed > kHighestSpeed)
-    return UsageError(
-        QString("--speed needs a number from %1 to %2.").arg(kLowestSpeed).arg(kHighestSpeed));
-  return {options, {}};
 }
+
+}  // namespace vantrel::app

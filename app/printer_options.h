@@ -1,11 +1,12 @@
 #pragma once
 
-#include "printer/printer_state.h"
-
-#include <QString>
-#include <QStringList>
+#include "printer/commands/printer_state.h"
+#include "protocol/tcp_address.h"
 
 #include <optional>
+#include <string>
+
+namespace vantrel::app {
 
 // The command line of the software printer.
 struct PrinterOptions {
@@ -13,9 +14,15 @@ struct PrinterOptions {
   bool script = false;
   bool card = false;
   bool instant = false;
-  QString link;
-  QString through;
-  vantrel::Series series = vantrel::Series::kQl7;
+  // What is served in place of a pseudo-terminal, one of them at most; empty where none is told.
+  std::optional<protocol::TcpAddress> tcp;
+  std::string socket;
+  std::string link;     // empty where none is asked for
+  std::string capture;  // a file; empty where none is asked for
+  std::string replay;   // a capture; empty where none is played back
+  bool match_code = false;
+  std::string through;  // a device or "tcp:HOST:PORT"; empty where a printer is served
+  printer::Series series = printer::Series::kQl7;
   int speed = 9600;  // bits a second
   bool pacing = true;
   bool case_parts = false;
@@ -27,4 +34,6 @@ struct ParsedPrinterOptions {
   std::optional<int> end;
 };
 
-ParsedPrinterOptions ParsePrinterOptions(const QStringList& arguments);
+ParsedPrinterOptions ParsePrinterOptions(int argc, const char* const* argv);
+
+}  // namespace vantrel::app

@@ -7,7 +7,7 @@
 
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::app {
 namespace {
 
 constexpr int kStartLimit = 10000;  // milliseconds
@@ -34,4 +34,4 @@ PrinterProcess::~PrinterProcess() {
   if (!process_.waitForFinished(kEndLimit)) process_.kill();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::app

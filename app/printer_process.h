@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace vantrel {
+namespace vantrel::app {
 
 // A vantrel-printer that runs as long as this object lives, and no longer than this process.
 class PrinterProcess {
@@ -22,4 +22,4 @@ class PrinterProcess {
   std::string device_path_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::app

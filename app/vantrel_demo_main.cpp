@@ -13,11 +13,11 @@ int main(int argc, char** argv) {
                  "printer at COM 1. Put a card in, then press a button of the console.\n";
     return 0;
   }
-  vantrel::ConsoleProgram console(argc, argv);
+  vantrel::app::ConsoleProgram console(argc, argv);
   try {
-    const vantrel::PrinterProcess printer;
+    const vantrel::app::PrinterProcess printer;
     return console.Run([&printer](int port_number) {
-      return port_number == 1 ? printer.DevicePath() : vantrel::SystemDevice(port_number);
+      return port_number == 1 ? printer.DevicePath() : vantrel::link::SystemDevice(port_number);
     });
   } catch (const std::exception& error) {
     std::cerr << "vantrel-demo: " << error.what() << "\n";

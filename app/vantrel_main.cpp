@@ -2,5 +2,5 @@
 
 // The console. It has no options.
 int main(int argc, char** argv) {
-  return vantrel::ConsoleProgram(argc, argv).Run(vantrel::SystemDevice);
+  return vantrel::app::ConsoleProgram(argc, argv).Run(vantrel::link::SystemDevice);
 }

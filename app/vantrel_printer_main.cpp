@@ -1,154 +1,208 @@
 #include "app/printer_options.h"
-#include "printer/device_link.h"
-#include "printer/fault.h"
-#include "printer/frm_printer.h"
-#include "printer/frm_through.h"
-#include "printer/line_recorder.h"
-#include "printer/printer_model.h"
-#include "printer/printer_script.h"
-#include "printer/printer_server.h"
-#include "printer/through_server.h"
-#include "printer/window_file_chooser.h"
+#include "dialogs/window_file_chooser.h"
+#include "log/capture_file.h"
+#include "log/capture_recorder.h"
+#include "log/capture_sink.h"
+#include "log/frm_playback.h"
+#include "log/frm_through.h"
+#include "log/line_output.h"
+#include "log/line_recorder.h"
+#include "log/log_printer.h"
+#include "log/playback.h"
+#include "log/playback_server.h"
+#include "log/through_server.h"
+#include "printer/drawing/fonts.h"
+#include "printer/line/device_link.h"
+#include "printer/line/pseudo_terminal.h"
+#include "printer/line/socket_line.h"
+#include "printer/model/printer_model.h"
+#include "printer/service/end_watch.h"
+#include "printer/service/line_recording.h"
+#include "printer/service/printer_script.h"
+#include "printer/service/printer_server.h"
+#include "printer/service/script_console.h"
+#include "printer/window/frm_printer.h"
 
 #include <QApplication>
 #include <QFile>
-#include <QSocketNotifier>
 
-#include <sys/signalfd.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
-#include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace {
+
+// How long a reader of the last lines may leave them.
+constexpr std::chrono::milliseconds kPatience{2000};
 
 bool HasDisplay() {
   return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
          qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
-sigset_t EndingSignals() {
-  sigset_t ending_signals;
-  sigemptyset(&ending_signals);
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&ending_signals, signal);
-  return ending_signals;
-}
-
-// Ends the event loop with status 0 when the program is asked to end.
-class EndWatch {
- public:
-  EndWatch() : notifier_(signalfd(-1, &ending_signals_, SFD_CLOEXEC), QSocketNotifier::Read) {
-    QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] {
-      notifier_.setEnabled(false);
-      QCoreApplication::exit(EXIT_SUCCESS);
-    });
-  }
-  ~EndWatch() { close(static_cast<int>(notifier_.socket())); }
-  EndWatch(const EndWatch&) = delete;
-  EndWatch& operator=(const EndWatch&) = delete;
-
- private:
-  const sigset_t ending_signals_ = EndingSignals();
-  QSocketNotifier notifier_;
-};
-
-// Hands standard input to a script and writes the answers to standard output.
-class ScriptConsole {
- public:
-  explicit ScriptConsole(vantrel::PrinterScript& script)
-      : script_(script), input_(STDIN_FILENO, QSocketNotifier::Read) {
-    QObject::connect(
-        &script, &vantrel::PrinterScript::Answered, &input_,
-        [](const QString& answer) { std::cout << answer.toLocal8Bit().constData() << std::endl; });
-    QObject::connect(&script, &vantrel::PrinterScript::Finished, &input_,
-                     [] { QCoreApplication::exit(EXIT_SUCCESS); });
-    QObject::connect(&input_, &QSocketNotifier::activated, &input_, [this] { Read(); });
-  }
-
- private:
-  void Read() {
-    std::array<char, 4096> part{};
-    const ssize_t count = read(STDIN_FILENO, part.data(), part.size());
-    if (count > 0) {
-      script_.Feed({part.data(), static_cast<std::size_t>(count)});
-    } else if (count == 0 || errno != EINTR) {
-      input_.setEnabled(false);
-      script_.End();
-    }
-  }
-
-  vantrel::PrinterScript& script_;
-  QSocketNotifier input_;
-};
-
 // The link to the device, if one is asked for.
-std::unique_ptr<vantrel::DeviceLink> MakeLink(const PrinterOptions& options,
-                                              const std::string& device) {
-  if (options.link.isEmpty()) return nullptr;
-  return std::make_unique<vantrel::DeviceLink>(options.link.toStdString(), device);
+std::unique_ptr<vantrel::printer::DeviceLink> MakeLink(const vantrel::app::PrinterOptions& options,
+                                                       const std::string& device) {
+  if (options.link.empty()) return nullptr;
+  return std::make_unique<vantrel::printer::DeviceLink>(options.link, device);
 }
 
 // Makes the link and tells the device to open.
-std::unique_ptr<vantrel::DeviceLink> Announce(const PrinterOptions& options,
-                                              const std::string& device) {
+std::unique_ptr<vantrel::printer::DeviceLink> Announce(const vantrel::app::PrinterOptions& options,
+                                                       const std::string& device,
+                                                       vantrel::log::LineOutput& output) {
   auto link = MakeLink(options, device);
-  std::cout << device << std::endl;
+  output.Write(device);
+  if (output.IsGone()) throw std::runtime_error("standard output cannot be written.");
   return link;
+}
+
+// Where a console finds the printer.
+vantrel::printer::PrinterServer::LineMaker LinesOf(const vantrel::app::PrinterOptions& options) {
+  if (options.tcp) return vantrel::printer::TcpLines(*options.tcp);
+  if (!options.socket.empty()) return vantrel::printer::SocketLines(options.socket);
+  return vantrel::printer::MakePseudoTerminal;
 }
 
 void Complain(const std::string& error) { std::cerr << "vantrel-printer: " << error << '\n'; }
 
-// Each line of the log to standard output, when it is complete.
-void PrintLog(vantrel::LineRecorder& recorder) {
-  QObject::connect(&recorder, &vantrel::LineRecorder::Recorded, &recorder,
-                   [&recorder, printed = std::size_t{0}]() mutable {
-                     const vantrel::LineLog& log = recorder.Log();
-                     for (printed = std::max(printed, log.First()); printed < log.Settled();
-                          ++printed)
-                       std::cout << vantrel::TextLineOf(log.At(printed)) << '\n';
-                     std::cout.flush();
-                   });
+// The capture of a recorder's line, where one is asked for.
+class Capture {
+ public:
+  // Throws std::runtime_error, in words, where the file cannot be written.
+  explicit Capture(const vantrel::app::PrinterOptions& options) {
+    if (!options.capture.empty()) sink_.emplace(options.capture);
+  }
+  bool IsAskedFor() const { return sink_.has_value(); }
+  // From now on; the recorder knows its line and outlives this object.
+  void Begin(vantrel::log::LineRecorder& recorder) {
+    if (!sink_) return;
+    writer_.emplace(recorder, *sink_);
+    QObject::connect(&*writer_, &vantrel::log::CaptureRecorder::Ended, &*writer_,
+                     [](const QString& reason) { Complain(reason.toLocal8Bit().toStdString()); });
+  }
+  // The end of the line. Returns the status to end with instead of `status`.
+  int Finish(int status) {
+    if (writer_) writer_->Finish();
+    return sink_ && !sink_->Problem().empty() && status == EXIT_SUCCESS ? EXIT_FAILURE : status;
+  }
+
+ private:
+  std::optional<vantrel::log::CaptureSink> sink_;
+  std::optional<vantrel::log::CaptureRecorder> writer_;
+};
+
+// Runs until the program is asked to end, and returns its status.
+int Run(vantrel::log::LineOutput& output, vantrel::log::LineRecorder& recorder, Capture& capture) {
+  const vantrel::printer::EndWatch end_watch;
+  QObject::connect(&end_watch, &vantrel::printer::EndWatch::Asked, &end_watch,
+                   [] { QCoreApplication::exit(EXIT_SUCCESS); });
+  int status = QCoreApplication::exec();
+  // What has been read is told in events.
+  QCoreApplication::sendPostedEvents();
+  recorder.Finish();
+  status = capture.Finish(status);
+  output.Drain(kPatience);
+  return status;
 }
 
-int PassThrough(const PrinterOptions& options) {
-  const EndWatch end_watch;
-  vantrel::LineRecorder recorder;
-  vantrel::ThroughServer server(QFile::encodeName(options.through).toStdString(), recorder);
-  vantrel::WindowFileChooser files;
-  std::unique_ptr<vantrel::FrmThrough> form;
+int PassThrough(const vantrel::app::PrinterOptions& options) {
+  vantrel::log::LineOutput output(STDOUT_FILENO);
+  vantrel::log::LineRecorder recorder;
+  recorder.SetLine({options.through, {}});
+  vantrel::log::ThroughServer server(options.through, LinesOf(options)(), recorder);
+  Capture capture(options);
+  vantrel::dialogs::WindowFileChooser files;
+  std::unique_ptr<vantrel::log::FrmThrough> form;
+  std::optional<vantrel::log::LogPrinter> printer;
   if (options.headless) {
-    PrintLog(recorder);
+    printer.emplace(recorder, output);
   } else {
-    form = std::make_unique<vantrel::FrmThrough>(QString::fromStdString(server.DevicePath()),
-                                                 options.through, recorder, files);
+    form = std::make_unique<vantrel::log::FrmThrough>(QString::fromStdString(server.DevicePath()),
+                                                      QFile::decodeName(options.through.c_str()),
+                                                      recorder, files);
     form->show();
   }
   bool gone = false;
-  QObject::connect(&server, &vantrel::ThroughServer::Ended, &server, [&](const QString& reason) {
-    gone = true;
-    Complain(reason.toLocal8Bit().toStdString());
-    // A window stays, so that its log can be saved.
-    if (form)
-      form->TellEnd(reason);
-    else
-      QCoreApplication::exit(EXIT_FAILURE);
-  });
-  const auto link = Announce(options, server.DevicePath());
-  const int status = QCoreApplication::exec();
+  QObject::connect(&server, &vantrel::log::ThroughServer::Ended, &server,
+                   [&](const QString& reason) {
+                     gone = true;
+                     Complain(reason.toLocal8Bit().toStdString());
+                     // A window stays, so that its log can be saved.
+                     if (form)
+                       form->TellEnd(reason);
+                     else
+                       QCoreApplication::exit(EXIT_FAILURE);
+                   });
+  capture.Begin(recorder);
+  const auto link = Announce(options, server.DevicePath(), output);
+  const int status = Run(output, recorder, capture);
   return gone ? EXIT_FAILURE : status;
 }
 
-int Serve(const PrinterOptions& options) {
-  const EndWatch end_watch;
-  vantrel::PrinterModel model;
+// Says what fonts the printer lacks, and returns it, a sentence each.
+QStringList TellMissing(const vantrel::printer::Fonts& fonts) {
+  QStringList missing;
+  for (const std::string& sentence : fonts.Missing()) {
+    Complain(sentence);
+    missing += QFile::decodeName(sentence.c_str());
+  }
+  return missing;
+}
+
+// The rows of a capture that could be read whole; throws std::runtime_error, in words, else.
+std::vector<vantrel::log::LogEntry> RowsToPlay(const std::string& path) {
+  std::vector<std::string> damage;
+  std::vector<vantrel::log::LogEntry> rows = vantrel::log::ReadCapture(path, damage);
+  if (!damage.empty())
+    throw std::runtime_error(damage.front() + " Only a whole capture is played back.");
+  return rows;
+}
+
+int Replay(const vantrel::app::PrinterOptions& options) {
+  vantrel::log::Playback playback(RowsToPlay(options.replay),
+                                  {.instant = options.instant, .match_code = options.match_code});
+  vantrel::log::LineOutput output(STDOUT_FILENO);
+  vantrel::log::LineRecorder recorder;
+  vantrel::log::PlaybackServer server(playback, LinesOf(options)(), recorder);
+  recorder.SetLine({server.DevicePath(), {}});
+  Capture capture(options);
+  QObject::connect(&server, &vantrel::log::PlaybackServer::Unexpected, &server,
+                   [](const QString& words) { Complain(words.toStdString()); });
+  vantrel::dialogs::WindowFileChooser files;
+  std::unique_ptr<vantrel::log::FrmPlayback> form;
+  if (!options.headless) {
+    form = std::make_unique<vantrel::log::FrmPlayback>(QFile::decodeName(options.replay.c_str()),
+                                                       server, recorder, files);
+    form->show();
+  }
+  vantrel::printer::PrinterScript script(server, recorder);
+  QObject::connect(&script, &vantrel::printer::PrinterScript::Finished, &script,
+                   [] { QCoreApplication::exit(EXIT_SUCCESS); });
+  std::optional<vantrel::printer::ScriptConsole> console;
+  if (options.script) console.emplace(script, STDIN_FILENO, output);
+  capture.Begin(recorder);
+  const auto link = Announce(options, server.DevicePath(), output);
+  const int status = Run(output, recorder, capture);
+  output.Write(playback.Summary());
+  output.Drain(kPatience);
+  return playback.IsSuccess() ? status : EXIT_FAILURE;
+}
+
+int Serve(const vantrel::app::PrinterOptions& options) {
+  vantrel::log::LineOutput output(STDOUT_FILENO);
+  vantrel::printer::Fonts fonts(vantrel::printer::SystemFontFolder());
+  const QStringList missing_fonts = TellMissing(fonts);
+  vantrel::printer::PrinterModel model(fonts, vantrel::link::SystemCodePage());
   model.SetInstantWork(options.instant);
   model.SetSeries(options.series);
   model.SetCaseParts(options.case_parts);
@@ -157,37 +211,32 @@ int Serve(const PrinterOptions& options) {
   model.SetTrack(0, "VANTREL SAMPLE CARD");
   model.SetTrack(1, "0123456789");
   model.SetTrack(2, "9876543210");
-  vantrel::PrinterServer server(model);
+  vantrel::printer::PrinterServer server(model, LinesOf(options));
+  Capture capture(options);
   if (options.card) server.InsertCard();
-  vantrel::WindowFileChooser files;
-  std::unique_ptr<vantrel::FrmPrinter> form;
+  vantrel::dialogs::WindowFileChooser files;
+  std::unique_ptr<vantrel::printer::FrmPrinter> form;
   if (!options.headless) {
-    form = std::make_unique<vantrel::FrmPrinter>(model, server, files);
+    form = std::make_unique<vantrel::printer::FrmPrinter>(model, server, files);
+    form->ShowMissingFonts(missing_fonts);
     form->show();
   }
-  vantrel::LineRecorder recorder;
-  vantrel::PrinterScript script(model, server, recorder);
-  script.SetFaultSetter([&model](const std::string& text, std::string& error) {
-    try {
-      if (text == "clear")
-        model.SetFault(std::nullopt);
-      else
-        model.SetFault(vantrel::ParseFault(text));
-      return true;
-    } catch (const std::invalid_argument& refusal) {
-      error = refusal.what();
-      return false;
-    }
-  });
-  std::optional<ScriptConsole> console;
+  vantrel::log::LineRecorder recorder;
+  recorder.SetLine({server.DevicePath(), options.speed});
+  if (form) form->SetLine(recorder.Line());
+  vantrel::printer::PrinterScript script(model, server, recorder);
+  QObject::connect(&script, &vantrel::printer::PrinterScript::Finished, &script,
+                   [] { QCoreApplication::exit(EXIT_SUCCESS); });
+  std::optional<vantrel::printer::ScriptConsole> console;
+  if (options.script || capture.IsAskedFor()) vantrel::printer::RecordLineOf(server, recorder);
   if (options.script) {
-    recorder.RecordLineOf(server);
-    console.emplace(script);
+    console.emplace(script, STDIN_FILENO, output);
   }
-  auto link = Announce(options, server.DevicePath());
+  capture.Begin(recorder);
+  auto link = Announce(options, server.DevicePath(), output);
   // The device may go and come back under another name. A link that cannot be made again leaves the
   // printer without one; nothing else depends on it.
-  QObject::connect(&server, &vantrel::PrinterServer::DeviceChanged, &server, [&] {
+  QObject::connect(&server, &vantrel::printer::PrinterServer::DeviceChanged, &server, [&] {
     link.reset();
     if (server.DevicePath().empty()) return;
     try {
@@ -196,30 +245,31 @@ int Serve(const PrinterOptions& options) {
       Complain(error.what());
     }
   });
-  return QCoreApplication::exec();
+  return Run(output, recorder, capture);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  // Before any thread is made, so that every thread leaves these signals to EndWatch.
-  const sigset_t ending_signals = EndingSignals();
-  sigprocmask(SIG_BLOCK, &ending_signals, nullptr);
+  vantrel::log::HoldStandardDescriptors();
+  vantrel::printer::EndWatch::Block();
+  // A reader that has gone and a file that may not grow are told by the call that meets them.
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
 
-  // Help, errors and a printer without a window need no display, so the options are read first.
-  auto application = std::make_unique<QCoreApplication>(argc, argv);
-  const auto [options, end] = ParsePrinterOptions(QCoreApplication::arguments());
+  // Help, errors and a printer without a window need no display.
+  const auto [options, end] = vantrel::app::ParsePrinterOptions(argc, argv);
   if (end) return *end;
-  if (!options.headless) {
-    if (!HasDisplay()) {
-      Complain("there is no display for the window; --headless needs none.");
-      return EXIT_FAILURE;
-    }
-    application.reset();
-    application = std::make_unique<QApplication>(argc, argv);
+  if (!options.headless && !HasDisplay()) {
+    Complain("there is no display for the window; --headless needs none.");
+    return EXIT_FAILURE;
   }
+  const std::unique_ptr<QCoreApplication> application =
+      options.headless ? std::make_unique<QCoreApplication>(argc, argv)
+                       : std::make_unique<QApplication>(argc, argv);
   try {
-    return options.through.isEmpty() ? Serve(options) : PassThrough(options);
+    if (!options.replay.empty()) return Replay(options);
+    return options.through.empty() ? Serve(options) : PassThrough(options);
   } catch (const std::exception& error) {
     Complain(error.what());
     return EXIT_FAILURE;

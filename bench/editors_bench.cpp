@@ -2,6 +2,7 @@
 // ms? Run off-screen: QT_QPA_PLATFORM=offscreen editors_bench.
 
 #include "dialogs/dialogs.h"
+#include "dialogs/guard.h"
 #include "editors/frm_external_font.h"
 #include "editors/frm_external_image.h"
 
@@ -10,26 +11,33 @@
 #include <QPushButton>
 #include <benchmark/benchmark.h>
 
-namespace vantrel {
+namespace vantrel::bench {
 namespace {
 
 // No box is shown by what is measured here.
-class NoDialogs : public Dialogs {
+class NoDialogs : public dialogs::Dialogs {
  public:
-  Answer MsgBox(const std::string&, Buttons, const std::string&, Icon) override {
-    return Answer::kOk;
+  dialogs::Answer MsgBox(const std::string&, dialogs::Buttons, const std::string&,
+                         dialogs::Icon) override {
+    return dialogs::Answer::kOk;
   }
   std::string InputBox(const std::string&, const std::string&, const std::string&) override {
     return {};
   }
 };
 
+// Nothing of what is measured here throws.
+class NoGuard : public dialogs::Guard {
+ public:
+  void Run(const std::function<void()>& work) override { work(); }
+};
+
 void Press(QWidget& form, const char* button) { form.findChild<QPushButton*>(button)->click(); }
 
 // Paints the whole grid, whatever of it has changed: the most that a change can cost.
-void Repaint(DotGrid& grid, QImage& image) { grid.render(&image); }
+void Repaint(editors::DotGrid& grid, QImage& image) { grid.render(&image); }
 
-QImage ImageFor(const DotGrid& grid) {
+QImage ImageFor(const editors::DotGrid& grid) {
   return QImage(grid.size(), QImage::Format_ARGB32_Premultiplied);
 }
 
@@ -41,22 +49,24 @@ class BlockImage {
     form_.show();
     Press(form_, "CmdSet");
   }
-  DotGrid& Grid() { return *form_.findChild<DotGrid*>("Lbldot"); }
+  editors::DotGrid& Grid() { return *form_.findChild<editors::DotGrid*>("Lbldot"); }
   QPixmap Picture() { return form_.grab(); }
 
  private:
-  CommonVariables common_;
+  link::CommonVariables common_;
   NoDialogs dialogs_;
-  FrmExternalImage form_{common_, dialogs_};
+  NoGuard guard_;
+  editors::FrmExternalImage form_{common_, dialogs_, guard_};
 };
 
 void FillAllOfTheFontEditor(benchmark::State& state) {
-  CommonVariables common;
+  link::CommonVariables common;
   common.IsDoubleByteFont = true;
   NoDialogs dialogs;
-  FrmExternalFont form(common, dialogs);
+  NoGuard guard;
+  editors::FrmExternalFont form(common, dialogs, guard);
   form.show();
-  auto& grid = *form.findChild<DotGrid*>("LblDot");
+  auto& grid = *form.findChild<editors::DotGrid*>("LblDot");
   QImage image = ImageFor(grid);
   for (auto _ : state) {
     Press(form, "CmdAll_0");
@@ -69,9 +79,9 @@ void FillAllOfTheFontEditor(benchmark::State& state) {
 
 void RowOfTheImageEditor(benchmark::State& state) {
   BlockImage image_editor;
-  DotGrid& grid = image_editor.Grid();
+  editors::DotGrid& grid = image_editor.Grid();
   QImage image = ImageFor(grid);
-  const DotGrid::Target row{DotGrid::Target::Kind::kRowSelector, 20};
+  const editors::DotGrid::Target row{editors::DotGrid::Target::Kind::kRowSelector, 20};
   for (auto _ : state) {
     grid.Click(row);
     Repaint(grid, image);
@@ -83,9 +93,9 @@ void RowOfTheImageEditor(benchmark::State& state) {
 
 void OneDotOfTheImageEditor(benchmark::State& state) {
   BlockImage image_editor;
-  DotGrid& grid = image_editor.Grid();
+  editors::DotGrid& grid = image_editor.Grid();
   for (auto _ : state) {
-    grid.Click({DotGrid::Target::Kind::kDot, 820});
+    grid.Click({editors::DotGrid::Target::Kind::kDot, 820});
     QApplication::processEvents();  // repaints the dot
   }
 }
@@ -104,7 +114,7 @@ BENCHMARK(OneDotOfTheImageEditor)->Unit(benchmark::kMillisecond);
 BENCHMARK(OpeningTheImageEditor)->Unit(benchmark::kMillisecond);
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::bench
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);

@@ -7,6 +7,7 @@
 #include "console/system_time.h"
 #include "dialogs/window_dialogs.h"
 #include "link/serial_port.h"
+#include "tests/support/processor_time.h"
 
 #include <QPushButton>
 #include <QTimer>
@@ -14,7 +15,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
-#include <sys/resource.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -70,22 +70,15 @@ class Peer {
   std::thread thread_;
 };
 
-double ProcessorSeconds() {
-  rusage usage = {};
-  getrusage(RUSAGE_SELF, &usage);
-  return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
-         static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
-}
-
 // The share of one core, in per cent, that the process uses over `seconds` of event loop.
 double LoadOver(int seconds) {
-  const double before = ProcessorSeconds();
+  const double before = vantrel::support::ProcessorTime();
   const auto start = SteadyClock::now();
   QEventLoop loop;
   QTimer::singleShot(seconds * 1000, &loop, &QEventLoop::quit);
   loop.exec();
-  const double wall = std::chrono::duration<double>(SteadyClock::now() - start).count();
-  return 100 * (ProcessorSeconds() - before) / wall;
+  const double wall = Milliseconds(SteadyClock::now() - start).count();
+  return 100 * (vantrel::support::ProcessorTime() - before) / wall;
 }
 
 }  // namespace
@@ -94,19 +87,20 @@ int main(int argc, char** argv) {
   using namespace vantrel;
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
-  WindowDialogs dialogs;
+  dialogs::WindowDialogs dialogs;
   const auto end = [](int status) { std::_Exit(status); };
-  GuardedApplication application(argc, argv, dialogs, end);
+  console::GuardedApplication application(argc, argv, dialogs, end);
   const Peer peer;
-  SerialPort port([&peer](int) { return peer.Device(); });
-  FrmVantrel form(port, dialogs, SystemTimeOf(QLocale::c()), CodePage::kWestern, end);
+  link::SerialPort port([&peer](int) { return peer.Device(); });
+  console::FrmVantrel form(port, dialogs, application, console::SystemTimeOf(QLocale::c()),
+                           link::CodePage::kWestern, end);
   form.show();
   QCoreApplication::processEvents();
 
   auto* exchange = form.findChild<QPushButton*>("Cmd58");
   auto* card_wait = form.findChild<QPushButton*>("Cmd21");
   std::vector<double> times;
-  const double processor_before = ProcessorSeconds();
+  const double processor_before = support::ProcessorTime();
   for (int i = 0; i < 220; ++i) {
     // A person presses a button of a window that has been painted.
     QCoreApplication::processEvents();
@@ -114,7 +108,7 @@ int main(int argc, char** argv) {
     exchange->click();
     times.push_back(Milliseconds(SteadyClock::now() - start).count());
   }
-  const double processor = 1000 * (ProcessorSeconds() - processor_before) / 220;
+  const double processor = (support::ProcessorTime() - processor_before) / 220;
   times.erase(times.begin(), times.begin() + 20);
   std::sort(times.begin(), times.end());
   std::printf("an exchange, %zu of them, ms: min %.2f  median %.2f  max %.2f\n", times.size(),

@@ -9,20 +9,20 @@
 
 #include <string>
 
-namespace vantrel {
+namespace vantrel::bench {
 namespace {
 
 constexpr std::size_t kLongestText = 404;  // an image of 40 lines of 5 bytes
 
 void ConvertText(benchmark::State& state) {
   const std::string text(kLongestText, 'F');
-  for (auto _ : state) benchmark::DoNotOptimize(StrToHex(text, CodePage::kWestern));
+  for (auto _ : state) benchmark::DoNotOptimize(link::StrToHex(text, link::CodePage::kWestern));
 }
 BENCHMARK(ConvertText);
 
 void ComposeTheFrame(benchmark::State& state) {
-  const std::string data = StrToHex(std::string(kLongestText, 'F'), CodePage::kWestern);
-  for (auto _ : state) benchmark::DoNotOptimize(ComposeFrame("4D", data));
+  const std::string data = link::StrToHex(std::string(kLongestText, 'F'), link::CodePage::kWestern);
+  for (auto _ : state) benchmark::DoNotOptimize(link::ComposeFrame("4D", data));
 }
 BENCHMARK(ComposeTheFrame);
 
@@ -31,9 +31,9 @@ void JudgeTheReply(benchmark::State& state) {
   std::string reply = "06022120";
   for (int i = 0; i < 104; ++i) reply += "32";
   reply += "0302";
-  const Judgement judgement = JudgeReply(reply, "02210322");
-  if (judgement != Judgement::kComplete) state.SkipWithError("The reply is not complete.");
-  for (auto _ : state) benchmark::DoNotOptimize(JudgeReply(reply, "02210322"));
+  const link::Judgement judgement = link::JudgeReply(reply, "02210322");
+  if (judgement != link::Judgement::kComplete) state.SkipWithError("The reply is not complete.");
+  for (auto _ : state) benchmark::DoNotOptimize(link::JudgeReply(reply, "02210322"));
 }
 BENCHMARK(JudgeTheReply);
 
@@ -42,11 +42,11 @@ void PutTheReplyIntoWords(benchmark::State& state) {
   for (int i = 0; i < 104; ++i) reply += "32";
   reply += "0302";
   for (auto _ : state)
-    benchmark::DoNotOptimize(ReplyMeaning("First Track: ", reply, CodePage::kWestern));
+    benchmark::DoNotOptimize(link::ReplyMeaning("First Track: ", reply, link::CodePage::kWestern));
 }
 BENCHMARK(PutTheReplyIntoWords);
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::bench
 
 BENCHMARK_MAIN();

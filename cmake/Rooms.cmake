@@ -1,9 +1,12 @@
-# How every target of the tree is made. A room is a folder; its logic is plain C++20 and its forms are Qt Widgets.
+# How every target of the tree is made. A room is a folder; its logic is plain C++20, its service, where it has one, uses
+# Qt without Widgets, and its forms are Qt Widgets.
+
+set(CMAKE_CXX_EXTENSIONS OFF)
 
 add_library(vantrel_options INTERFACE)
 target_compile_features(vantrel_options INTERFACE cxx_std_20)
 target_include_directories(vantrel_options INTERFACE ${PROJECT_SOURCE_DIR})
-target_compile_definitions(vantrel_options INTERFACE VANTREL_VERSION="1.01")
+target_compile_definitions(vantrel_options INTERFACE VANTREL_VERSION="${PROJECT_VERSION}")
 target_compile_options(
   vantrel_options
   INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
@@ -19,12 +22,32 @@ if(VANTREL_FUZZ)
                                                    -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(vantrel_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(VANTREL_HARDEN)
+  include(CheckPIESupported)
+  check_pie_supported()
+  set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  target_compile_options(vantrel_options INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
+                                                   -fstack-protector-strong)
+  target_link_options(vantrel_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
 
 # vantrel_logic(<room> SOURCES <file>... [USES <target>...]): plain C++20, never Qt.
 function(vantrel_logic name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC vantrel_options ${ARG_USES})
+endfunction()
+
+# vantrel_service(<room>_service SOURCES <file>... [USES <target>...]): Qt without Widgets; nothing where VANTREL_GUI is off.
+function(vantrel_service name)
+  if(NOT VANTREL_GUI)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_compile_definitions(${name} PUBLIC QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+  target_link_libraries(${name} PUBLIC vantrel_options Qt6::Core ${ARG_USES})
 endfunction()
 
 # vantrel_forms(<room>_forms SOURCES <file>... [USES <target>...]): Qt Widgets; nothing where VANTREL_GUI is off.
@@ -47,12 +70,48 @@ function(vantrel_program name)
   target_link_libraries(${name} PRIVATE vantrel_options ${ARG_USES})
 endfunction()
 
+# vantrel_pages(<program> TABLE <target> PAGE <file>): makes and installs the program's manual page and its completion
+# for bash. <target> defines commandline::ThisProgram; <file> is the page's own text.
+function(vantrel_pages program)
+  cmake_parse_arguments(ARG "" "TABLE;PAGE" "" ${ARGN})
+  set(maker make-${program}-pages)
+  add_executable(${maker} ${PROJECT_SOURCE_DIR}/commandline/make_pages_main.cpp)
+  target_link_libraries(${maker} PRIVATE ${ARG_TABLE} commandline)
+  set(manual ${PROJECT_BINARY_DIR}/pages/${program}.1)
+  set(completion ${PROJECT_BINARY_DIR}/pages/${program}.bash)
+  get_filename_component(page ${ARG_PAGE} ABSOLUTE)
+  file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/pages)
+  add_custom_command(
+    OUTPUT ${manual} ${completion}
+    COMMAND ${maker} ${page} ${manual} ${completion}
+    DEPENDS ${maker} ${page}
+    VERBATIM)
+  add_custom_target(${program}-pages ALL DEPENDS ${manual} ${completion})
+  install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${completion} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${program})
+endfunction()
+
 # vantrel_test(<name> SOURCES <file>... USES <target>...): plain GoogleTest cases, one CTest test a case.
 function(vantrel_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE vantrel_options GTest::gmock GTest::gtest_main ${ARG_USES})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 60)
+endfunction()
+
+# vantrel_service_test(<name> SOURCES <file>... USES <target>...): cases that need Qt's event loop but no Widgets, which is
+# checked.
+function(vantrel_service_test name)
+  if(NOT VANTREL_GUI)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PRIVATE vantrel_options service_test_main Qt6::Test ${ARG_USES})
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+                       PROPERTIES TIMEOUT 60 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  add_test(NAME ${name}.NeedsNoWidgets COMMAND ${PROJECT_SOURCE_DIR}/.ci/check-links $<TARGET_FILE:${name}>)
 endfunction()
 
 # vantrel_forms_test(<name> [MAIN <library>] SOURCES <file>... USES <target>...): cases that need windows, off-screen.

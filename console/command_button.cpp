@@ -2,6 +2,7 @@
 
 #include "console/command_table.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -10,7 +11,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 constexpr int kMargin = 4;  // pixels between the caption and the button's edge
@@ -37,7 +38,6 @@ CommandButton::CommandButton(const ConsoleCommand& command, QWidget* parent)
       code_length_(static_cast<int>(command.code.size())) {
   setObjectName(TextOf(command.button));
   setProperty("Tag", TextOf(command.tag));
-  setAttribute(Qt::WA_OpaquePaintEvent);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
@@ -72,13 +72,24 @@ int CommandButton::heightForWidth(int width) const {
   return height;
 }
 
+void CommandButton::LookEnabled(bool enabled) {
+  if (enabled == looks_enabled_) return;
+  looks_enabled_ = enabled;
+  update();
+}
+
 void CommandButton::changeEvent(QEvent* event) {
   switch (event->type()) {
+    case QEvent::EnabledChange:
+      // Without the base class, which would repaint the button. The rest of what it does is done
+      // here.
+      if (!isEnabled() && isDown()) setDown(false);
+      TellScreenReader();
+      return;
     case QEvent::FontChange:
     case QEvent::PaletteChange:
     case QEvent::StyleChange:
       heights_.clear();
-      pictures_ = {};
       break;
     default:
       break;
@@ -86,27 +97,12 @@ void CommandButton::changeEvent(QEvent* event) {
   QPushButton::changeEvent(event);
 }
 
-void CommandButton::Paint(QPainter& painter, const QStyleOptionButton& option) const {
-  painter.fillRect(rect(), palette().window());
-  style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
-  painter.setPen(CaptionColor(palette(), isEnabled()));
-  QTextLayout layout(text(), font());
-  const qreal text_height = LayOut(layout, width() - 2 * kMargin);
-  layout.draw(&painter, {static_cast<qreal>(kMargin), std::floor((height() - text_height) / 2)});
-}
-
-const QPixmap& CommandButton::Picture(const QStyleOptionButton& option) {
-  const bool active = option.state.testFlag(QStyle::State_Active);
-  QPixmap& picture = pictures_.at((isEnabled() ? 0U : 1U) + (active ? 0U : 2U));
-  if (!picture.isNull() && picture.deviceIndependentSize() == QSizeF(size()) &&
-      picture.devicePixelRatio() == devicePixelRatio())
-    return picture;
-  picture = QPixmap(size() * devicePixelRatio());
-  picture.setDevicePixelRatio(devicePixelRatio());
-  picture.fill(palette().color(QPalette::Window));
-  QPainter painter(&picture);
-  Paint(painter, option);
-  return picture;
+void CommandButton::TellScreenReader() {
+  if (!QAccessible::isActive()) return;
+  QAccessible::State changed;
+  changed.disabled = true;
+  QAccessibleStateChangeEvent event(this, changed);
+  QAccessible::updateAccessibility(&event);
 }
 
 QSize CommandButton::sizeHint() const { return minimumSizeHint(); }
@@ -119,13 +115,17 @@ void CommandButton::paintEvent(QPaintEvent*) {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.text.clear();
+  option.state.setFlag(QStyle::State_Enabled, looks_enabled_);
+  const bool active = option.state.testFlag(QStyle::State_Active);
+  option.palette.setCurrentColorGroup(!looks_enabled_ ? QPalette::Disabled
+                                      : active        ? QPalette::Active
+                                                      : QPalette::Inactive);
   QPainter painter(this);
-  constexpr QStyle::State kRare =
-      QStyle::State_HasFocus | QStyle::State_MouseOver | QStyle::State_Sunken;
-  if (option.state & kRare)
-    Paint(painter, option);
-  else
-    painter.drawPixmap(0, 0, Picture(option));
+  style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+  painter.setPen(CaptionColor(palette(), looks_enabled_));
+  QTextLayout layout(text(), font());
+  const qreal text_height = LayOut(layout, width() - 2 * kMargin);
+  layout.draw(&painter, {static_cast<qreal>(kMargin), std::floor((height() - text_height) / 2)});
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -1,27 +1,29 @@
 #pragma once
 
 #include <QHash>
-#include <QPixmap>
 #include <QPushButton>
 
-#include <array>
-
-class QPainter;
-class QStyleOptionButton;
 class QTextLayout;
 
-namespace vantrel {
+namespace vantrel::console {
 
 struct ConsoleCommand;
 
 // A button whose caption wraps to as many lines as the button's width needs, with the command code
 // that ends the caption in bold. Its text is the caption as it stands; the property "Tag" holds the
 // command's tag.
+//
+// Whether it is enabled and whether it looks so are two things: a button that is disabled for the
+// few milliseconds of an exchange must not flicker.
 class CommandButton : public QPushButton {
   Q_OBJECT
 
  public:
   explicit CommandButton(const ConsoleCommand& command, QWidget* parent = nullptr);
+
+  // Makes the button look enabled or disabled, and nothing else. It looks enabled when made.
+  void LookEnabled(bool enabled);
+  bool LooksEnabled() const { return looks_enabled_; }
 
   bool hasHeightForWidth() const override { return true; }
   int heightForWidth(int width) const override;
@@ -35,17 +37,12 @@ class CommandButton : public QPushButton {
  private:
   // Lays the caption out in lines of `width` pixels, centred, and returns the height of all lines.
   qreal LayOut(QTextLayout& layout, int width) const;
-  // Paints the whole button, what lies behind its corners too.
-  void Paint(QPainter& painter, const QStyleOptionButton& option) const;
-  // The button as it was painted last in the state of `option`.
-  const QPixmap& Picture(const QStyleOptionButton& option);
+  void TellScreenReader();
 
   const int code_length_;
+  bool looks_enabled_ = true;
   // The heights found for widths, because a layout asks for each many times over.
   mutable QHash<int, int> heights_;
-  // Pictures of the button, enabled and not, in an active window and not: each command repaints
-  // nearly all buttons twice.
-  std::array<QPixmap, 4> pictures_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::console {
 
 class CommandHandlers;
 
@@ -13,23 +13,18 @@ struct ConsoleCommand {
   std::string_view button;  // the button's name, "Cmd21"
   std::string_view code;    // the command code, two hex digits
   std::string_view caption;
-  std::string_view tag;  // "1": disabled while a command waits; "10" and "20": never disabled
-  void (CommandHandlers::*click)();
-  std::string_view send;      // first line of the hints
-  std::string_view response;  // second line of the hints
-  std::string_view panel1;
-  std::string_view panel2;
-  int time_limit;  // milliseconds
-  // The whole frame as hex text where a fixed one carries its block check written in; empty where
-  // the frame is composed.
-  std::string_view written_frame;
+  // "1": disabled while a command waits; "10" and "20": never disabled.
+  std::string_view tag = "1";
+  // What a press does; it is given this row.
+  void (CommandHandlers::*click)(const ConsoleCommand& command);
+  std::string_view send;           // first line of the hints
+  std::string_view response = {};  // second line of the hints
+  std::string_view panel1 = {};
+  std::string_view panel2 = {};
+  int time_limit = 5000;  // milliseconds
 };
 
-// The 48 commands in the order of their buttons.
+// The commands in the order of their buttons.
 std::span<const ConsoleCommand> Commands();
 
-// The command of a code, for example "5A". Throws std::out_of_range for a code that the console
-// does not have.
-const ConsoleCommand& CommandOf(std::string_view code);
-
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-namespace vantrel {
+namespace vantrel::console {
 
 DisplayBox::DisplayBox(const QString& name, const QString& accessible_name, int lines,
                        QWidget* parent)
@@ -29,4 +29,4 @@ void DisplayBox::SetText(const QString& text) {
 
 QSize DisplayBox::sizeHint() const { return minimumSize(); }
 
-}  // namespace vantrel
+}  // namespace vantrel::console

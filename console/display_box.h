@@ -2,7 +2,7 @@
 
 #include <QPlainTextEdit>
 
-namespace vantrel {
+namespace vantrel::console {
 
 // A read-only text box of several lines whose text can be selected and copied.
 class DisplayBox : public QPlainTextEdit {
@@ -20,4 +20,4 @@ class DisplayBox : public QPlainTextEdit {
   QSize sizeHint() const override;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -1,9 +1,10 @@
 #include "console/frm_vantrel.h"
 
+#include "console/button_grid.h"
 #include "console/command_button.h"
 #include "console/command_table.h"
 #include "console/display_box.h"
-#include "console/guarded_application.h"
+#include "dialogs/named_widgets.h"
 #include "dialogs/panel_bar.h"
 #include "editors/frm_5a.h"
 #include "editors/frm_external_font.h"
@@ -25,11 +26,12 @@
 #include <algorithm>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
-constexpr int kColumns = 6;
 constexpr int kProgressInterval = 200;  // milliseconds
+// An exchange that is over by then lets no button flicker; milliseconds.
+constexpr int kQuickExchange = 100;
 
 // Takes the width it is given and the height that its text needs then. Other sizes are not worked
 // out: that would lay the text out several times more at each change.
@@ -40,19 +42,13 @@ class HintsLabel : public QLabel {
   QSize minimumSizeHint() const override { return {0, 0}; }
 };
 
-QLabel* NewLabel(const QString& name, const QString& caption) {
-  auto* label = new QLabel(caption);
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
-  return label;
-}
-
 }  // namespace
 
-FrmVantrel::FrmVantrel(Port& port, Dialogs& dialogs, SystemTime system_time, CodePage page,
-                       EndProgram end_program)
+FrmVantrel::FrmVantrel(link::Port& port, dialogs::Dialogs& dialogs, dialogs::Guard& guard,
+                       SystemTime system_time, link::CodePage page, EndProgram end_program)
     : port_(port),
       dialogs_(dialogs),
+      guard_(guard),
       end_program_(std::move(end_program)),
       transaction_(port, *this, clock_, page),
       handlers_(transaction_, *this, dialogs, *this, common_, std::move(system_time), page) {
@@ -66,14 +62,16 @@ FrmVantrel::FrmVantrel(Port& port, Dialogs& dialogs, SystemTime system_time, Cod
   layout->addWidget(BuildExchange(), 1);
   layout->addWidget(BuildButtons(), 3);
   setCentralWidget(content);
-  status_bar_ = new PanelBar("StatusBarFrmMain", this);
+  status_bar_ = new dialogs::PanelBar("StatusBarFrmMain", this);
   setStatusBar(status_bar_);
   setMinimumSize(1024, 640);
   resize(1120, 720);
 
   progress_timer_.setInterval(kProgressInterval);
-  connect(&progress_timer_, &QTimer::timeout, this, &FrmVantrel::ShowProgress);
-  clock_.OnSleep([this] { button_area_->setUpdatesEnabled(true); });
+  connect(&progress_timer_, &QTimer::timeout, this, Guarded([this] { ShowProgress(); }));
+  look_timer_.setInterval(kQuickExchange);
+  look_timer_.setSingleShot(true);
+  connect(&look_timer_, &QTimer::timeout, this, Guarded([this] { LookEnabled(false); }));
   ordinary_buttons_.front()->setFocus();
   Form_Load();
 }
@@ -94,8 +92,7 @@ void FrmVantrel::BuildMenus() {
     const QString digit = QString::number(number);
     QAction* entry = AddEntry(port, ports, "Mnu_COM" + digit, "COM " + digit);
     entry->setChecked(number == 1);
-    connect(entry, &QAction::triggered, this,
-            [this, number] { GuardedApplication::Run([&] { Mnu_COM_Click(number); }); });
+    connect(entry, &QAction::triggered, this, Guarded([this, number] { Mnu_COM_Click(number); }));
   }
   QMenu* speed = setting->addMenu("Baud Rate");
   name_menu(speed, "Mnu_BaudRate");
@@ -104,13 +101,12 @@ void FrmVantrel::BuildMenus() {
   // meant.
   for (const QString rate : {"2400", "4800", "9600", "19200", "38400"}) {
     QAction* entry = AddEntry(speed, speeds, "Mnu_" + rate + "bps", rate + "bps");
-    connect(entry, &QAction::triggered, this, [this, rate] {
-      GuardedApplication::Run([&] { Mnu_bps_Click((rate + ",N,8,1").toStdString()); });
-    });
+    connect(entry, &QAction::triggered, this,
+            Guarded([this, rate] { Mnu_bps_Click((rate + ",N,8,1").toStdString()); }));
   }
   QAction* about = menuBar()->addAction("About");
   about->setObjectName("Mnu_About");
-  connect(about, &QAction::triggered, this, &FrmVantrel::Mnu_About_Click);
+  connect(about, &QAction::triggered, this, Guarded([this] { Mnu_About_Click(); }));
 }
 
 QAction* FrmVantrel::AddEntry(QMenu* menu, QActionGroup* group, const QString& name,
@@ -156,20 +152,20 @@ QWidget* FrmVantrel::BuildExchange() {
   auto* exit = new QPushButton("Exit");
   exit->setObjectName("CmdExit");
   exit->setProperty("Tag", "20");
-  connect(exit, &QPushButton::clicked, this, &FrmVantrel::CmdExit_Click);
+  connect(exit, &QPushButton::clicked, this, Guarded([this] { CmdExit_Click(); }));
 
   auto* exchange = new QWidget;
   auto* grid = new QGridLayout(exchange);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(8);
   grid->setVerticalSpacing(6);
-  grid->addWidget(NewLabel("lblCommand", "Command :"), 0, 0);
+  grid->addWidget(dialogs::MakeLabel("lblCommand", "Command :"), 0, 0);
   grid->addWidget(txt_command_, 0, 1);
   grid->addWidget(progress_, 0, 2);
   grid->addWidget(exit, 0, 3);
-  grid->addWidget(NewLabel("LblSyntax", "Syntax :"), 1, 0, Qt::AlignTop);
+  grid->addWidget(dialogs::MakeLabel("LblSyntax", "Syntax :"), 1, 0, Qt::AlignTop);
   grid->addWidget(txt_syntax_, 1, 1, 1, 3);
-  grid->addWidget(NewLabel("LblResponse", "Response :"), 2, 0, Qt::AlignTop);
+  grid->addWidget(dialogs::MakeLabel("LblResponse", "Response :"), 2, 0, Qt::AlignTop);
   grid->addWidget(txt_response_, 2, 1, 1, 3);
   grid->setRowStretch(1, 1);
   grid->setRowStretch(2, 1);
@@ -181,29 +177,30 @@ QWidget* FrmVantrel::BuildExchange() {
 
 QWidget* FrmVantrel::BuildButtons() {
   auto* area = new QWidget;
-  button_area_ = area;
   auto* grid = new QGridLayout(area);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(6);
   grid->setVerticalSpacing(4);
   const auto commands = Commands();
-  const int rows = static_cast<int>(commands.size()) / kColumns;
+  const ButtonGrid places(static_cast<int>(commands.size()));
   for (int i = 0; i < static_cast<int>(commands.size()); ++i) {
     const ConsoleCommand& command = commands[static_cast<std::size_t>(i)];
     auto* button = new CommandButton(command);
     connect(button, &QPushButton::clicked, this,
-            [this, &command] { GuardedApplication::Run([&] { (handlers_.*command.click)(); }); });
+            Guarded([this, &command] { (handlers_.*command.click)(command); }));
     if (command.tag == "1") ordinary_buttons_.push_back(button);
-    // Down each column in table order; a line stands between two columns.
-    grid->addWidget(button, i % rows, i / rows * 2);
+    // A line stands between two columns.
+    const Cell cell = places.CellOf(i);
+    grid->addWidget(button, cell.row, cell.column * 2);
   }
-  for (int column = 0; column < kColumns; ++column) grid->setColumnStretch(column * 2, 1);
-  for (int row = 0; row < rows; ++row) grid->setRowStretch(row, 1);
-  for (int number = 1; number < kColumns; ++number) {
+  for (int column = 0; column < ButtonGrid::kColumns; ++column)
+    grid->setColumnStretch(column * 2, 1);
+  for (int row = 0; row < places.Rows(); ++row) grid->setRowStretch(row, 1);
+  for (int number = 1; number < ButtonGrid::kColumns; ++number) {
     auto* line = new QFrame;
     line->setObjectName(QString("Line%1").arg(number));
     line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
-    grid->addWidget(line, 0, number * 2 - 1, rows, 1);
+    grid->addWidget(line, 0, number * 2 - 1, places.Rows(), 1);
   }
   return area;
 }
@@ -213,7 +210,7 @@ void FrmVantrel::Form_Load() {
     port_.Open();
     port_.DiscardInput();
     port_.DiscardOutput();
-  } catch (const PortError& error) {
+  } catch (const link::PortError& error) {
     load_failure_ = error.what();
   }
 }
@@ -222,12 +219,10 @@ void FrmVantrel::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (load_failure_.empty()) return;
   // Reported on the next turn, when the window is up.
-  QMetaObject::invokeMethod(
-      this,
-      [failure = std::exchange(load_failure_, {})] {
-        GuardedApplication::Run([&] { throw PortError(failure); });
-      },
-      Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, Guarded([failure = std::exchange(load_failure_, {})] {
+                              throw link::PortError(failure);
+                            }),
+                            Qt::QueuedConnection);
 }
 
 void FrmVantrel::closeEvent(QCloseEvent* event) {
@@ -253,7 +248,8 @@ void FrmVantrel::Mnu_About_Click() {
       "If you need further information or source code, please contact us at \r\n"
       "Orvel-Nor Technology Ltd.\r\n"
       "Tel 5550 0100",
-      Buttons::kOk, "Orvel QL-7/QL-8 series Command Demonstration - Version 1.01");
+      dialogs::Buttons::kOk,
+      "Orvel QL-7/QL-8 series Command Demonstration - Version " VANTREL_VERSION);
 }
 
 void FrmVantrel::CmdExit_Click() {
@@ -267,48 +263,48 @@ void FrmVantrel::ShowProgress() {
     progress_->setValue(0);
     return;
   }
-  const int limit = clock_.Interval(Timer::TimeOut);
+  const int limit = clock_.Interval(link::Timer::TimeOut);
   progress_->setMaximum(limit);
-  progress_->setValue(limit - clock_.Remaining(Timer::TimeOut));
+  progress_->setValue(limit - clock_.Remaining(link::Timer::TimeOut));
 }
 
-void FrmVantrel::SetText(Field field, const std::string& text) {
+void FrmVantrel::SetText(link::Field field, const std::string& text) {
   const QString qtext = QString::fromStdString(text);
   switch (field) {
-    case Field::TxtCommand:
+    case link::Field::TxtCommand:
       txt_command_->setText(qtext);
       break;
-    case Field::TxtSyntax:
+    case link::Field::TxtSyntax:
       txt_syntax_->SetText(qtext);
       break;
-    case Field::TxtResponse:
+    case link::Field::TxtResponse:
       txt_response_->SetText(qtext);
       break;
-    case Field::LblHints:
+    case link::Field::LblHints:
       lbl_hints_->setText(qtext);
       break;
-    case Field::Panel1:
+    case link::Field::Panel1:
       status_bar_->SetText(1, text);
       break;
-    case Field::Panel2:
+    case link::Field::Panel2:
       status_bar_->SetText(2, text);
       break;
   }
 }
 
-std::string FrmVantrel::Text(Field field) const {
+std::string FrmVantrel::Text(link::Field field) const {
   switch (field) {
-    case Field::TxtCommand:
+    case link::Field::TxtCommand:
       return txt_command_->text().toStdString();
-    case Field::TxtSyntax:
+    case link::Field::TxtSyntax:
       return txt_syntax_->toPlainText().toStdString();
-    case Field::TxtResponse:
+    case link::Field::TxtResponse:
       return txt_response_->toPlainText().toStdString();
-    case Field::LblHints:
+    case link::Field::LblHints:
       return lbl_hints_->text().toStdString();
-    case Field::Panel1:
+    case link::Field::Panel1:
       return status_bar_->Text(1);
-    case Field::Panel2:
+    case link::Field::Panel2:
       return status_bar_->Text(2);
   }
   return {};
@@ -325,15 +321,25 @@ void FrmVantrel::EnableCommandButtons(bool enabled) {
     }
     progress_timer_.start();
   }
-  // One repaint of the area costs less than one of each button; and the disabled buttons are
-  // painted only when the wait begins, so that they do not keep the frame from the line.
-  button_area_->setUpdatesEnabled(false);
   for (CommandButton* button : ordinary_buttons_) button->setEnabled(enabled);
-  if (enabled) button_area_->setUpdatesEnabled(true);
+  if (enabled) {
+    look_timer_.stop();
+    LookEnabled(true);
+  } else if (!look_timer_.isActive()) {
+    look_timer_.start();
+  }
   if (enabled && focus_to_return_ != nullptr) {
     if (focusWidget() == txt_response_) focus_to_return_->setFocus();
     focus_to_return_ = nullptr;
   }
+}
+
+void FrmVantrel::LookEnabled(bool enabled) {
+  for (CommandButton* button : ordinary_buttons_) button->LookEnabled(enabled);
+}
+
+void FrmVantrel::ShowLoss(const link::PortError& loss) {
+  guard_.Run([&loss] { throw loss; });
 }
 
 void FrmVantrel::HideConsole() {
@@ -346,22 +352,26 @@ void FrmVantrel::ShowConsole() {
   move(position_);
   show();
 }
-void FrmVantrel::ShowFrmPrintBuffer() { FrmPrintBuffer(common_, dialogs_).exec(); }
+void FrmVantrel::ShowFrmPrintBuffer() {
+  printdata::FrmPrintBuffer(common_, dialogs_, guard_).exec();
+}
 
 void FrmVantrel::ShowFrm4E(const std::string& caption) {
-  Frm4E form(common_);
+  printdata::Frm4E form(common_, guard_);
   form.setWindowTitle(QString::fromStdString(caption));
   form.exec();
 }
 
-void FrmVantrel::ShowFrmExternalImage() { FrmExternalImage(common_, dialogs_).exec(); }
+void FrmVantrel::ShowFrmExternalImage() {
+  editors::FrmExternalImage(common_, dialogs_, guard_).exec();
+}
 
 void FrmVantrel::ShowFrmExternalFont(const std::string& caption) {
-  FrmExternalFont form(common_, dialogs_);
+  editors::FrmExternalFont form(common_, dialogs_, guard_);
   form.setWindowTitle(QString::fromStdString(caption));
   form.exec();
 }
 
-void FrmVantrel::ShowFrm5A() { Frm5A(common_, dialogs_, this).exec(); }
+void FrmVantrel::ShowFrm5A() { editors::Frm5A(common_, dialogs_, guard_, this).exec(); }
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -3,6 +3,7 @@
 #include "console/command_handlers.h"
 #include "console/sub_forms.h"
 #include "dialogs/dialogs.h"
+#include "dialogs/guard.h"
 #include "link/common.h"
 #include "link/display.h"
 #include "link/event_loop_clock.h"
@@ -23,25 +24,29 @@ class QLineEdit;
 class QMenu;
 class QProgressBar;
 
-namespace vantrel {
+namespace vantrel::dialogs {
+class PanelBar;
+}
+
+namespace vantrel::console {
 
 class CommandButton;
 class DisplayBox;
-class PanelBar;
 
 // The console: one button a command, the last exchange, help, guidance, and the menu for the serial
 // port. Loading it opens the port; closing it closes the port.
-class FrmVantrel : public QMainWindow, private Display, private SubForms {
+class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   Q_OBJECT
 
  public:
   // Ends the program at once, with a status.
   using EndProgram = std::function<void(int status)>;
 
-  // `port` and `dialogs` must outlive the form. A port that cannot be opened is reported when the
-  // window is up.
-  FrmVantrel(Port& port, Dialogs& dialogs, SystemTime system_time, CodePage page,
-             EndProgram end_program);
+  // `port`, `dialogs` and `guard` must outlive the form. A port that cannot be opened is reported
+  // when the window is up. What the form's controls start, and every failure of the port, ends
+  // inside the guard.
+  FrmVantrel(link::Port& port, dialogs::Dialogs& dialogs, dialogs::Guard& guard,
+             SystemTime system_time, link::CodePage page, EndProgram end_program);
   ~FrmVantrel() override;
 
   // Whether a command is waiting for its reply.
@@ -56,9 +61,10 @@ class FrmVantrel : public QMainWindow, private Display, private SubForms {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void SetText(Field field, const std::string& text) override;
-  std::string Text(Field field) const override;
+  void SetText(link::Field field, const std::string& text) override;
+  std::string Text(link::Field field) const override;
   void EnableCommandButtons(bool enabled) override;
+  void ShowLoss(const link::PortError& loss) override;
 
   void HideConsole() override;
   void ShowConsole() override;
@@ -68,6 +74,9 @@ class FrmVantrel : public QMainWindow, private Display, private SubForms {
   void ShowFrmExternalFont(const std::string& caption) override;
   void ShowFrm5A() override;
 
+  std::function<void()> Guarded(std::function<void()> work) const {
+    return dialogs::Guarded(guard_, std::move(work));
+  }
   void BuildMenus();
   QWidget* BuildExchange();
   QWidget* BuildButtons();
@@ -79,16 +88,18 @@ class FrmVantrel : public QMainWindow, private Display, private SubForms {
   void Mnu_About_Click();
   void CmdExit_Click();
   void ShowProgress();
+  // Makes the ordinary buttons look enabled or disabled.
+  void LookEnabled(bool enabled);
 
-  Port& port_;
-  Dialogs& dialogs_;
+  link::Port& port_;
+  dialogs::Dialogs& dialogs_;
+  dialogs::Guard& guard_;
   const EndProgram end_program_;
-  CommonVariables common_;
-  EventLoopClock clock_;
-  Transaction transaction_;
+  link::CommonVariables common_;
+  link::EventLoopClock clock_;
+  link::Transaction transaction_;
   CommandHandlers handlers_;
 
-  QWidget* button_area_ = nullptr;
   std::vector<CommandButton*> ordinary_buttons_;  // disabled while a command waits
   CommandButton* focus_to_return_ = nullptr;
   QLineEdit* txt_command_ = nullptr;
@@ -97,9 +108,10 @@ class FrmVantrel : public QMainWindow, private Display, private SubForms {
   QLabel* lbl_hints_ = nullptr;
   QProgressBar* progress_ = nullptr;
   QTimer progress_timer_;
-  PanelBar* status_bar_ = nullptr;
+  QTimer look_timer_;  // until the disabled buttons look so
+  dialogs::PanelBar* status_bar_ = nullptr;
   QPoint position_;           // of the hidden console
   std::string load_failure_;  // the message of a port that would not open at load
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -8,23 +8,23 @@
 #include <string>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::console {
 
-GuardedApplication::GuardedApplication(int& argc, char** argv, Dialogs& dialogs,
+GuardedApplication::GuardedApplication(int& argc, char** argv, dialogs::Dialogs& dialogs,
                                        EndProgram end_program)
     : QApplication(argc, argv), dialogs_(dialogs), end_program_(std::move(end_program)) {
   // A hidden console or a closed box is no reason to quit.
   setQuitOnLastWindowClosed(false);
 }
 
-void GuardedApplication::Run(const std::function<void()>& handler) {
+void GuardedApplication::Run(const std::function<void()>& work) {
   std::exception_ptr thrown;
   try {
-    handler();
+    work();
   } catch (...) {
     thrown = std::current_exception();
   }
-  if (thrown) dynamic_cast<GuardedApplication&>(*qApp).Handle(thrown);
+  if (thrown) Handle(thrown);
 }
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event) {
@@ -44,9 +44,9 @@ void GuardedApplication::Handle(const std::exception_ptr& thrown) {
   std::string fault;
   try {
     std::rethrow_exception(thrown);
-  } catch (const ExchangeEnded&) {
+  } catch (const link::ExchangeEnded&) {
     return;
-  } catch (const PortError& error) {
+  } catch (const link::PortError& error) {
     port_failure = error.what();
   } catch (const std::exception& error) {
     fault = error.what();
@@ -54,12 +54,13 @@ void GuardedApplication::Handle(const std::exception_ptr& thrown) {
     fault = "Unknown error.";
   }
   if (port_failure) {
-    dialogs_.MsgBox(*port_failure, Buttons::kOk, "Serial Port Error", Icon::kCritical);
+    dialogs_.MsgBox(*port_failure, dialogs::Buttons::kOk, "Serial Port Error",
+                    dialogs::Icon::kCritical);
     return;
   }
-  dialogs_.MsgBox(fault + "\r\n\r\nThis is a fault of the program. It will end now.", Buttons::kOk,
-                  "Program Error", Icon::kCritical);
+  dialogs_.MsgBox(fault + "\r\n\r\nThis is a fault of the program. It will end now.",
+                  dialogs::Buttons::kOk, "Program Error", dialogs::Icon::kCritical);
   end_program_(1);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::console

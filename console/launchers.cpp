@@ -4,14 +4,13 @@
 #include "link/common.h"
 #include "link/frame.h"
 
-namespace vantrel {
+namespace vantrel::console {
 
 void CommandHandlers::SendDataString(const ConsoleCommand& command) {
-  Send(command, StrToHex(common_.DataString, page_));
+  Send(command, link::StrToHex(common_.DataString, page_));
 }
 
-void CommandHandlers::EditPrintBuffer(std::string_view code, bool is_print_data) {
-  const ConsoleCommand& command = CommandOf(code);
+void CommandHandlers::EditPrintBuffer(const ConsoleCommand& command, bool is_print_data) {
   ShowHelp(command);
   sub_forms_.HideConsole();
   common_.IsPrintData = is_print_data;
@@ -20,11 +19,12 @@ void CommandHandlers::EditPrintBuffer(std::string_view code, bool is_print_data)
   SendDataString(command);
 }
 
-void CommandHandlers::Cmd41_Click() { EditPrintBuffer("41", true); }
-void CommandHandlers::Cmd42_Click() { EditPrintBuffer("42", false); }
+void CommandHandlers::Cmd41_Click(const ConsoleCommand& command) { EditPrintBuffer(command, true); }
+void CommandHandlers::Cmd42_Click(const ConsoleCommand& command) {
+  EditPrintBuffer(command, false);
+}
 
-void CommandHandlers::EditExternalImage(std::string_view code, bool is_block_mode) {
-  const ConsoleCommand& command = CommandOf(code);
+void CommandHandlers::EditExternalImage(const ConsoleCommand& command, bool is_block_mode) {
   ShowHelp(command);
   common_.IsBlockMode = is_block_mode;
   sub_forms_.HideConsole();
@@ -33,12 +33,15 @@ void CommandHandlers::EditExternalImage(std::string_view code, bool is_block_mod
   SendDataString(command);
 }
 
-void CommandHandlers::Cmd43_Click() { EditExternalImage("43", false); }
-void CommandHandlers::Cmd4D_Click() { EditExternalImage("4D", true); }
+void CommandHandlers::Cmd43_Click(const ConsoleCommand& command) {
+  EditExternalImage(command, false);
+}
+void CommandHandlers::Cmd4D_Click(const ConsoleCommand& command) {
+  EditExternalImage(command, true);
+}
 
-void CommandHandlers::EditExternalFont(std::string_view code, bool is_double_byte_font,
+void CommandHandlers::EditExternalFont(const ConsoleCommand& command, bool is_double_byte_font,
                                        const std::string& caption) {
-  const ConsoleCommand& command = CommandOf(code);
   ShowHelp(command);
   common_.IsDoubleByteFont = is_double_byte_font;
   sub_forms_.HideConsole();
@@ -47,30 +50,29 @@ void CommandHandlers::EditExternalFont(std::string_view code, bool is_double_byt
   SendDataString(command);
 }
 
-void CommandHandlers::Cmd44_Click() {
-  EditExternalFont("44", true, "44h Double byte external font register command");
-  display_.SetText(Field::Panel1, "Expand the registered font to print buffer by command 41h");
-  display_.SetText(Field::Panel2, "24 dot Double byte -> ESC G; 16 dot Double byte -> ESC I");
+void CommandHandlers::Cmd44_Click(const ConsoleCommand& command) {
+  EditExternalFont(command, true, "44h Double byte external font register command");
+  display_.SetText(link::Field::Panel1,
+                   "Expand the registered font to print buffer by command 41h");
+  display_.SetText(link::Field::Panel2, "24 dot Double byte -> ESC G; 16 dot Double byte -> ESC I");
 }
 
-void CommandHandlers::Cmd45_Click() {
-  EditExternalFont("45", false, "45h Single byte external font register command");
-  ShowPanels(CommandOf("45"));
+void CommandHandlers::Cmd45_Click(const ConsoleCommand& command) {
+  EditExternalFont(command, false, "45h Single byte external font register command");
+  ShowPanels(command);
 }
 
-void CommandHandlers::Cmd4E_Click() {
-  const ConsoleCommand& command = CommandOf("4E");
+void CommandHandlers::Cmd4E_Click(const ConsoleCommand& command) {
   ShowHints(command);
   // Panel 2 keeps the text it has.
-  display_.SetText(Field::Panel1, std::string(command.panel1));
+  display_.SetText(link::Field::Panel1, std::string(command.panel1));
   sub_forms_.HideConsole();
   sub_forms_.ShowFrm4E("4Eh Barcode Data Setting command");
   sub_forms_.ShowConsole();
   SendDataString(command);
 }
 
-void CommandHandlers::Cmd5A_Click() {
-  const ConsoleCommand& command = CommandOf("5A");
+void CommandHandlers::Cmd5A_Click(const ConsoleCommand& command) {
   common_.ControlDataString.clear();
   ShowHelp(command);
   // The console stays visible under this form.
@@ -79,4 +81,4 @@ void CommandHandlers::Cmd5A_Click() {
   Send(command, common_.ControlDataString);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -6,9 +6,7 @@
 #include "link/frame.h"
 #include "link/typed_number.h"
 
-#include <stdexcept>
-
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 using Sample = std::string (*)(const SystemTime&, const CharacterRange&);
@@ -36,64 +34,62 @@ std::string SampleDigits(const SystemTime&, const CharacterRange&) {
 
 std::string SampleTwos(const SystemTime&, const CharacterRange&) { return std::string(104, '2'); }
 
-struct DataSet {
-  std::string_view code;
+}  // namespace
+
+// What the data of a track may hold, and a sample of it.
+struct TrackData {
   const char* title;
   std::string_view range_text;
   Sample sample;
 };
 
-constexpr DataSet kDataSets[] = {
-    {"35", "Track 1", "01h - 7Eh", SampleDateData},
-    {"36", "Track 2", "01h - 7Eh", SampleContactData},
-    {"37", "Track 3", "01h - 7Eh", SampleTimeData},
-    {"38", "Track 1", "01h - 7Eh", SampleDateData},
-    {"39", "Track 2", "01h - 7Eh", SampleContactData},
-    {"3A", "Track 3", "01h - 7Eh", SampleTimeData},
-    {"3B", "Track 1", "20h - 5Eh", SampleDateAndTimeData},
-    {"3C", "Track 2", "30h - 3Eh", SampleDigits},
-    {"3D", "Track 3", "30h - 3Eh", SampleTwos},
-};
+namespace {
 
-const DataSet& DataSetOf(std::string_view code) {
-  for (const DataSet& data_set : kDataSets)
-    if (data_set.code == code) return data_set;
-  throw std::out_of_range("Subscript out of range: no data set command " + std::string(code));
-}
+constexpr TrackData kFirstTrack7Bit = {"Track 1", "01h - 7Eh", SampleDateData};
+constexpr TrackData kSecondTrack7Bit = {"Track 2", "01h - 7Eh", SampleContactData};
+constexpr TrackData kThirdTrack7Bit = {"Track 3", "01h - 7Eh", SampleTimeData};
+constexpr TrackData kFirstTrack = {"Track 1", "20h - 5Eh", SampleDateAndTimeData};
+constexpr TrackData kSecondTrack = {"Track 2", "30h - 3Eh", SampleDigits};
+constexpr TrackData kThirdTrack = {"Track 3", "30h - 3Eh", SampleTwos};
 
 }  // namespace
 
-void CommandHandlers::SetTrackData(std::string_view code) {
-  const ConsoleCommand& command = CommandOf(code);
-  const DataSet& data_set = DataSetOf(code);
-  ShowHelp(command);
-  const std::string sample =
-      data_set.sample(system_time_, CharacterRange::Parse(data_set.range_text));
-  Send(command, InputMagneticData(data_set.title, data_set.range_text, sample));
+std::string_view TrackDataRange(std::string_view code) {
+  if (code == "3B") return kFirstTrack.range_text;
+  if (code == "3C") return kSecondTrack.range_text;
+  if (code == "3D") return kThirdTrack.range_text;
+  return kFirstTrack7Bit.range_text;
 }
 
-std::string CommandHandlers::InputMagneticData(const std::string& title,
-                                               std::string_view range_text,
-                                               const std::string& default_data) {
-  const Answer answer = dialogs_.MsgBox("Do you want to input the data?", Buttons::kYesNo,
-                                        title + " - Magnetic Stripe ");
-  if (answer != Answer::kYes) return StrToHex(default_data, page_);
+void CommandHandlers::SetTrackData(const ConsoleCommand& command, const TrackData& track) {
+  ShowHelp(command);
+  const std::string sample = track.sample(system_time_, CharacterRange::Parse(track.range_text));
+  Send(command, InputMagneticData(track, sample));
+}
 
-  const CharacterRange range = CharacterRange::Parse(range_text);
+std::string CommandHandlers::InputMagneticData(const TrackData& track,
+                                               const std::string& default_data) {
+  const std::string title = track.title;
+  const dialogs::Answer answer = dialogs_.MsgBox(
+      "Do you want to input the data?", dialogs::Buttons::kYesNo, title + " - Magnetic Stripe ");
+  if (answer != dialogs::Answer::kYes) return link::StrToHex(default_data, page_);
+
+  const CharacterRange range = CharacterRange::Parse(track.range_text);
   std::string input;
   do {
-    input = dialogs_.InputBox("Please input the data :-\r\n\r\n" + display_.Text(Field::Panel1),
-                              title + " - Magnetic Stripe");
+    input =
+        dialogs_.InputBox("Please input the data :-\r\n\r\n" + display_.Text(link::Field::Panel1),
+                          title + " - Magnetic Stripe");
   } while (!range.Takes(input));
   // Blanks alone count as nothing typed, but only after they have passed the range.
   const bool is_blank = input.find_first_not_of(' ') == std::string::npos;
-  return StrToHex(is_blank ? default_data : input, page_);
+  return link::StrToHex(is_blank ? default_data : input, page_);
 }
 
 void CommandHandlers::WriteTracks(const ConsoleCommand& command) {
   std::optional<std::int16_t> choice;
   do {
-    choice = TypedInteger(
+    choice = link::TypedInteger(
         dialogs_.InputBox("QL-7 Series: support reading & writing all 3\r\n"
                           "QL-8 Series: support reading all 3 track & writing only track 3\r\n"
                           "\r\n"
@@ -108,37 +104,53 @@ void CommandHandlers::WriteTracks(const ConsoleCommand& command) {
                           "Write Track specifying parameters", "2"));
   } while (!choice || *choice < 0);
   if (*choice == 0) return;
-  if (*choice == 1) display_.SetText(Field::Panel1, "Write Data to Track 1");
+  if (*choice == 1) display_.SetText(link::Field::Panel1, "Write Data to Track 1");
   // The first digit alone travels; the printer judges it.
-  Send(command, StrToHex(std::to_string(*choice).substr(0, 1), page_));
+  Send(command, link::StrToHex(std::to_string(*choice).substr(0, 1), page_));
 }
 
-void CommandHandlers::Cmd31_Click() {
-  const ConsoleCommand& command = CommandOf("31");
+void CommandHandlers::Cmd31_Click(const ConsoleCommand& command) {
   // The send line is not set in here; that is meant.
-  display_.SetText(Field::LblHints,
+  display_.SetText(link::Field::LblHints,
                    std::string(command.send) + "\r\n" + std::string(command.response));
   ShowPanels(command);
   WriteTracks(command);
 }
 
-void CommandHandlers::Cmd32_Click() {
-  const ConsoleCommand& command = CommandOf("32");
+void CommandHandlers::Cmd32_Click(const ConsoleCommand& command) {
   // The panels come first and the send line is not set in; both are meant.
   ShowPanels(command);
-  display_.SetText(Field::LblHints,
+  display_.SetText(link::Field::LblHints,
                    std::string(command.send) + "\r\n" + std::string(command.response));
   WriteTracks(command);
 }
 
-void CommandHandlers::Cmd35_Click() { SetTrackData("35"); }
-void CommandHandlers::Cmd36_Click() { SetTrackData("36"); }
-void CommandHandlers::Cmd37_Click() { SetTrackData("37"); }
-void CommandHandlers::Cmd38_Click() { SetTrackData("38"); }
-void CommandHandlers::Cmd39_Click() { SetTrackData("39"); }
-void CommandHandlers::Cmd3A_Click() { SetTrackData("3A"); }
-void CommandHandlers::Cmd3B_Click() { SetTrackData("3B"); }
-void CommandHandlers::Cmd3C_Click() { SetTrackData("3C"); }
-void CommandHandlers::Cmd3D_Click() { SetTrackData("3D"); }
+void CommandHandlers::Cmd35_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kFirstTrack7Bit);
+}
+void CommandHandlers::Cmd36_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kSecondTrack7Bit);
+}
+void CommandHandlers::Cmd37_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kThirdTrack7Bit);
+}
+void CommandHandlers::Cmd38_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kFirstTrack7Bit);
+}
+void CommandHandlers::Cmd39_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kSecondTrack7Bit);
+}
+void CommandHandlers::Cmd3A_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kThirdTrack7Bit);
+}
+void CommandHandlers::Cmd3B_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kFirstTrack);
+}
+void CommandHandlers::Cmd3C_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kSecondTrack);
+}
+void CommandHandlers::Cmd3D_Click(const ConsoleCommand& command) {
+  SetTrackData(command, kThirdTrack);
+}
 
-}  // namespace vantrel
+}  // namespace vantrel::console

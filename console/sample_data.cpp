@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 constexpr std::size_t kMaximumLength = 21;
@@ -28,7 +28,7 @@ std::string WithPlainBlanks(std::string_view text) {
 }  // namespace
 
 CharacterRange CharacterRange::Parse(std::string_view range_text) {
-  return {HexPair(range_text, 0), HexPair(range_text, 6)};
+  return {link::HexPair(range_text, 0), link::HexPair(range_text, 6)};
 }
 
 bool CharacterRange::Takes(std::string_view text) const {
@@ -48,4 +48,4 @@ std::string SampleTime(const TimeText& time, const CharacterRange& range) {
   return range.Takes(text) && text.size() <= kMaximumLength ? text : time.numeric;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::console

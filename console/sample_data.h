@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::console {
 
 // A date or a time: as the system writes it (UTF-8), and in digits with ASCII signs alone
 // ("2026-11-20", "21:05:03").
@@ -32,10 +32,13 @@ struct CharacterRange {
   bool Takes(std::string_view text) const;
 };
 
+// The range of a track data command, "35" to "3D", as CharacterRange::Parse takes it.
+std::string_view TrackDataRange(std::string_view code);
+
 // The date or time as a track's sample data can carry it: the system's writing where its characters
 // pass the range (in capitals where the range ends before the small letters, with plain blanks for
 // other blanks) and it is at most 21 characters long, so that a sample stays within its track; else
 // the numeric writing.
 std::string SampleTime(const TimeText& time, const CharacterRange& range);
 
-}  // namespace vantrel
+}  // namespace vantrel::console

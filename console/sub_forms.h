@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace vantrel {
+namespace vantrel::console {
 
 // The editing forms. Each Show call loads the form afresh, shows it modally and returns when it is
 // unloaded; what it composed stands in the common variables then.
@@ -18,4 +18,4 @@ class SubForms {
   virtual void ShowFrm5A() = 0;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -1,6 +1,6 @@
 #include "console/system_time.h"
 
-namespace vantrel {
+namespace vantrel::console {
 
 QString LongTimeFormat(const QLocale& locale) {
   const QString format = locale.timeFormat(QLocale::LongFormat);
@@ -37,4 +37,4 @@ SystemTime SystemTimeOf(const QLocale& locale) {
           [locale] { return LongTimeOf(QTime::currentTime(), locale); }};
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -7,7 +7,7 @@
 #include <QString>
 #include <QTime>
 
-namespace vantrel {
+namespace vantrel::console {
 
 // The format in which a language writes a time of day at length, without the time zone that some
 // formats begin or end with.
@@ -21,4 +21,4 @@ TimeText LongTimeOf(const QTime& time, const QLocale& locale);
 // The date and time of this machine in the formats of `locale`.
 SystemTime SystemTimeOf(const QLocale& locale);
 
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 
 enum class Buttons { kOk, kYesNo, kYesNoCancel };
 enum class Icon { kNone, kExclamation, kCritical };
@@ -23,4 +23,4 @@ class Dialogs {
                                const std::string& default_text = "") = 0;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 namespace {
 
 bool IsDigit(QChar character) { return character >= u'0' && character <= u'9'; }
@@ -94,4 +94,4 @@ void DigitBox::mouseReleaseEvent(QMouseEvent* event) {
     emit Click();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 
 // A text box that takes the digits 0 to 9 alone. Every other typed character is discarded,
 // Backspace, Enter and Escape among them (they reach no button and close nothing); what is pasted
@@ -30,4 +30,4 @@ class DigitBox : public QLineEdit {
   const Deleting deleting_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 
 PanelBar::PanelBar(const QString& name, QWidget* parent) : QStatusBar(parent) {
   setObjectName(name);
@@ -31,4 +31,4 @@ std::string PanelBar::Text(int panel) const {
   return panels_.at(static_cast<std::size_t>(panel - 1))->text().toStdString();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

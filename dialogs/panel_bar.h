@@ -7,7 +7,7 @@
 
 class QLabel;
 
-namespace vantrel {
+namespace vantrel::dialogs {
 
 // A status bar of two text panels. The panels are labels named NAME_1 and NAME_2 after the bar's
 // object name; their texts are plain text.
@@ -25,4 +25,4 @@ class PanelBar : public QStatusBar {
   std::array<QLabel*, 2> panels_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -4,14 +4,17 @@
 #include <QPushButton>
 #include <QShowEvent>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 
-SubForm::SubForm(const QString& name, QWidget* parent) : QDialog(parent) { setObjectName(name); }
+SubForm::SubForm(const QString& name, Guard& guard, QWidget* parent)
+    : QDialog(parent), guard_(guard) {
+  setObjectName(name);
+}
 
 void SubForm::done(int result) {
   if (active_) {
     active_ = false;
-    Form_Unload();
+    guard_.Run([this] { Form_Unload(); });
   }
   QDialog::done(result);
 }
@@ -21,7 +24,7 @@ void SubForm::showEvent(QShowEvent* event) {
   if (!event->spontaneous() && !active_) {
     active_ = true;
     for (auto* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
-    Form_Activate();
+    guard_.Run([this] { Form_Activate(); });
   }
   QDialog::showEvent(event);
 }
@@ -38,4 +41,4 @@ void SubForm::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "dialogs/guard.h"
+
 #include <QDialog>
 
-namespace vantrel {
+#include <functional>
+
+namespace vantrel::dialogs {
 
 // A form that the console shows modally. Enter and Escape do nothing of their own on it: it has no
 // default button and no cancel button.
@@ -10,7 +14,8 @@ class SubForm : public QDialog {
   Q_OBJECT
 
  public:
-  explicit SubForm(const QString& name, QWidget* parent = nullptr);
+  // `guard` must outlive the form. Form_Activate and Form_Unload run inside it.
+  SubForm(const QString& name, Guard& guard, QWidget* parent = nullptr);
 
   // Unloads the form, however it comes to be closed: by a button of its own, which calls Unload, or
   // by the close box.
@@ -24,11 +29,18 @@ class SubForm : public QDialog {
   // Runs once when the form unloads.
   virtual void Form_Unload() {}
 
+  Guard& EventGuard() const { return guard_; }
+  // `work` to be connected to a signal: it runs inside the form's guard.
+  std::function<void()> Guarded(std::function<void()> work) const {
+    return dialogs::Guarded(guard_, std::move(work));
+  }
+
   void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  Guard& guard_;
   bool active_ = false;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

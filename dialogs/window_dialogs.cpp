@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 namespace {
 
 constexpr int kInputBoxWidth = 380;  // pixels; room for a title and a line of data
@@ -38,8 +38,12 @@ QString BreakableText(const QString& text, const QFontMetrics& metrics) {
 // A message box cuts off what does not fit into a line and has no blank to break at. Such a text is
 // shown by a label of its own in place of the box's; the box's text stays as it is.
 void ShowLongWords(QMessageBox& box) {
-  auto* cut = box.findChild<QLabel*>("qt_msgbox_label");
-  if (cut == nullptr || box.layout() == nullptr) return;
+  const auto labels = box.findChildren<QLabel*>();
+  const auto found = std::find_if(labels.begin(), labels.end(), [&box](const QLabel* label) {
+    return label->text() == box.text();
+  });
+  if (found == labels.end() || box.layout() == nullptr) return;
+  QLabel* cut = *found;
   const QString text = BreakableText(box.text(), cut->fontMetrics());
   if (text.isEmpty()) return;
   auto* label = new QLabel(text, &box);
@@ -110,4 +114,4 @@ std::string WindowDialogs::InputBox(const std::string& prompt, const std::string
   return box.textValue().toStdString();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -2,7 +2,7 @@
 
 #include "dialogs/dialogs.h"
 
-namespace vantrel {
+namespace vantrel::dialogs {
 
 // Message boxes and input boxes as windows, over the active window.
 class WindowDialogs : public Dialogs {
@@ -13,4 +13,4 @@ class WindowDialogs : public Dialogs {
                        const std::string& default_text = "") override;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -1,6 +1,6 @@
 #include "editors/control_settings.h"
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 // The codes are those of the characters blank and "0" to "4".
@@ -46,4 +46,4 @@ std::string ControlSettings::ControlData() const {
   return Code(Control::kBuzzer) + Code(Control::kLedColor) + Code(Control::kLedOperation);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

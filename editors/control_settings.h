@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // A setting of 5Ah: its caption and its byte in hex text.
 struct ControlOption {
@@ -52,4 +52,4 @@ class ControlSettings {
   std::array<std::string, kControls.size()> codes_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 void ShowFirst(std::vector<bool>& selectors, int count) {
@@ -32,4 +32,4 @@ void DotEditor::MarkRow(int row, bool set) {
 void DotEditor::ShowRowSelectors(int count) { ShowFirst(rows_, count); }
 void DotEditor::ShowColumnSelectors(int count) { ShowFirst(columns_, count); }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

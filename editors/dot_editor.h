@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // What the two editors of dots have in common: the dots, the selectors beside them and what a click
 // on either does. A row selector stands right of its row, a column selector below its column.
@@ -63,4 +63,4 @@ class DotEditor {
   std::string panel1_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -14,7 +14,7 @@
 #include <cmath>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 using Kind = DotGrid::Target::Kind;
@@ -56,8 +56,9 @@ void FillFrame(QPainter& painter, const QRect& rect, int width, const QColor& co
 
 }  // namespace
 
-DotGrid::DotGrid(const QString& name, DotEditor& editor, int scale, QWidget* parent)
-    : QWidget(parent), editor_(editor), scale_(scale) {
+DotGrid::DotGrid(const QString& name, DotEditor& editor, int scale, dialogs::Guard& guard,
+                 QWidget* parent)
+    : QWidget(parent), editor_(editor), scale_(scale), guard_(guard) {
   DotGridAccessible::Install();
   setObjectName(name);
   setAccessibleName("Dots");
@@ -153,24 +154,28 @@ QSize DotGrid::sizeHint() const {
 }
 
 void DotGrid::Click(const Target& target) {
-  switch (target.kind) {
-    case Kind::kDot:
-      editor_.Lbldot_Click(target.index);
-      break;
-    case Kind::kRowSelector:
-      editor_.lblHorizontal_Click(target.index);
-      break;
-    case Kind::kColumnSelector:
-      editor_.LblVertical_Click(target.index);
-      break;
-  }
-  Refresh();
+  guard_.Run([&] {
+    switch (target.kind) {
+      case Kind::kDot:
+        editor_.Lbldot_Click(target.index);
+        break;
+      case Kind::kRowSelector:
+        editor_.lblHorizontal_Click(target.index);
+        break;
+      case Kind::kColumnSelector:
+        editor_.LblVertical_Click(target.index);
+        break;
+    }
+    Refresh();
+  });
 }
 
 void DotGrid::DblClick(const Target& target) {
-  if (target.kind == Kind::kRowSelector) editor_.lblHorizontal_DblClick(target.index);
-  if (target.kind == Kind::kColumnSelector) editor_.LblVertical_DblClick(target.index);
-  Refresh();
+  guard_.Run([&] {
+    if (target.kind == Kind::kRowSelector) editor_.lblHorizontal_DblClick(target.index);
+    if (target.kind == Kind::kColumnSelector) editor_.LblVertical_DblClick(target.index);
+    Refresh();
+  });
 }
 
 // ---- what is shown -----------------------------------------------------------------------------
@@ -443,4 +448,4 @@ void DotGrid::PaintOrigin(QPainter& painter) const {
   painter.restore();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

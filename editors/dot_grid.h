@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/guard.h"
 #include "editors/dot_editor.h"
 
 #include <QWidget>
@@ -8,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // Draws the dots of an editor and the selectors beside them, and brings clicks on either to it.
 //
@@ -28,9 +29,11 @@ class DotGrid : public QWidget {
     bool operator==(const Target&) const = default;
   };
 
-  // `editor` must outlive the grid. A dot is 9 device-independent pixels wide on a pitch of 8,
-  // times `scale`; neighbours share the line between them.
-  DotGrid(const QString& name, DotEditor& editor, int scale, QWidget* parent = nullptr);
+  // `editor` and `guard`, inside which the editor hears of clicks, must outlive the grid. A dot is
+  // 9 device-independent pixels wide on a pitch of 8, times `scale`; neighbours share the line
+  // between them.
+  DotGrid(const QString& name, DotEditor& editor, int scale, dialogs::Guard& guard,
+          QWidget* parent = nullptr);
 
   // Rectangles in the grid's own coordinates; empty for what is hidden or does not exist.
   Q_INVOKABLE QRect DotRect(int index) const;
@@ -86,6 +89,7 @@ class DotGrid : public QWidget {
 
   DotEditor& editor_;
   const int scale_;
+  dialogs::Guard& guard_;
   int shown_columns_ = 0;
   int shown_rows_ = 0;
   std::vector<std::uint8_t> shown_;  // the looks at the last Refresh
@@ -97,4 +101,4 @@ class DotGrid : public QWidget {
   bool cursor_shown_ = false;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -4,7 +4,7 @@
 
 #include <QPointer>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 using Kind = DotGrid::Target::Kind;
@@ -124,4 +124,4 @@ int DotGridAccessible::indexOfChild(const QAccessibleInterface* child) const {
   return item ? item->Number() : -1;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

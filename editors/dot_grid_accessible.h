@@ -4,7 +4,7 @@
 
 #include <unordered_map>
 
-namespace vantrel {
+namespace vantrel::editors {
 
 class DotGrid;
 
@@ -30,4 +30,4 @@ class DotGridAccessible : public QAccessibleWidget {
   mutable std::unordered_map<int, QAccessible::Id> children_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -1,13 +1,12 @@
 #include "editors/dot_pattern.h"
 
-#include "link/common.h"
 #include "link/frame.h"
 
 #include <cstdint>
 #include <stdexcept>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::editors {
 
 DotPattern::DotPattern(int columns, int rows)
     : columns_(columns), rows_(rows), dots_(static_cast<std::size_t>(columns * rows)) {}
@@ -31,13 +30,13 @@ void DotPattern::Toggle(int index) { Mark(index, !IsBlack(index)); }
 
 // The four dots from `top` down as a number, the lowest of them most significant.
 int DotPattern::HexDigit(int top) const {
-  std::string binary;
-  for (int k = 3; k >= 0; --k) binary += std::to_string(Value(top + k));
-  return std::stoi(BinToDec(binary));
+  int digit = 0;
+  for (int k = 3; k >= 0; --k) digit = 2 * digit + Value(top + k);
+  return digit;
 }
 
 std::string DotPattern::HexByte(int base) const {
-  return HexOf(static_cast<std::uint8_t>(16 * HexDigit(base + 4) + HexDigit(base)));
+  return link::HexOf(static_cast<std::uint8_t>(16 * HexDigit(base + 4) + HexDigit(base)));
 }
 
 std::string DotPattern::Hex(int last_column, int last_byte) const {
@@ -47,4 +46,4 @@ std::string DotPattern::Hex(int last_column, int last_byte) const {
   return hex;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // The dots of a picture that the user draws. A dot has a value (what is sent), a paint (what is
 // seen) and a visibility, and the three are independent: a dot can be painted clear and still be
@@ -58,4 +58,4 @@ class DotPattern {
   std::vector<Dot> dots_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -1,6 +1,6 @@
 #include "editors/font_editor.h"
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 constexpr int kColumns = 24;
@@ -8,7 +8,12 @@ constexpr int kRows = 24;
 
 }  // namespace
 
-FontEditor::FontEditor(CommonVariables& common)
+std::string ComposeCharacterData(bool is_24_dot, std::string_view image_no, std::string_view hex) {
+  std::string data = is_24_dot ? "0," : "1,";
+  return data.append(image_no).append(",").append(hex);
+}
+
+FontEditor::FontEditor(link::CommonVariables& common)
     : DotEditor(kColumns, kRows, "24 X 24"), common_(common) {}
 
 void FontEditor::Form_Activate() {
@@ -63,7 +68,7 @@ void FontEditor::CmdAll_Click(int Index) {
 
 void FontEditor::CmdNext_Click(std::string_view image_no) {
   const std::string hex = Dots().Hex(LastColumn(), is_24_dot_ ? 2 : 1);
-  common_.DataString = (is_24_dot_ ? "0," : "1,") + std::string(image_no) + "," + hex;
+  common_.DataString = ComposeCharacterData(is_24_dot_, image_no, hex);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -6,14 +6,18 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::editors {
+
+// The data field of 44h and 45h: "0,A,00FF...". The number is sent as it is, `hex` is the columns'
+// bytes as hex text.
+std::string ComposeCharacterData(bool is_24_dot, std::string_view image_no, std::string_view hex);
 
 // The editor of an external character: 44h registers a double-byte one (24 x 24 or 16 x 16 dots,
 // columns x rows), 45h a single-byte one (12 x 24 or 8 x 16).
 class FontEditor : public DotEditor {
  public:
   // `common` says the mode and takes the data field; it must outlive the editor.
-  explicit FontEditor(CommonVariables& common);
+  explicit FontEditor(link::CommonVariables& common);
 
   // The index of the last dot in use: a whole number of columns of 24.
   int LastDotIndex() const { return last_dot_index_; }
@@ -38,9 +42,9 @@ class FontEditor : public DotEditor {
   // Zeroes all values and shows the first `rows` dots of the first `columns` columns.
   void SizeGrid(int columns, int rows);
 
-  CommonVariables& common_;
+  link::CommonVariables& common_;
   bool is_24_dot_ = true;
   int last_dot_index_ = 0;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

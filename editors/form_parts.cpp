@@ -1,37 +1,25 @@
 #include "editors/form_parts.h"
 
+#include "dialogs/named_widgets.h"
+
 #include <QVBoxLayout>
 
-namespace vantrel {
-
-QPushButton* MakeButton(const QString& name, const QString& caption) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(name);
-  return button;
-}
-
-QLabel* MakeLabel(const QString& name, const QString& text) {
-  auto* label = new QLabel;
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
-  label->setText(text);
-  return label;
-}
+namespace vantrel::editors {
 
 QBoxLayout* MakeMatrixLayout(QWidget* frame, const QString& origin, DotGrid* grid) {
   auto* layout = new QVBoxLayout(frame);
-  layout->addWidget(MakeLabel("LblOrigin", origin));
+  layout->addWidget(dialogs::MakeLabel("LblOrigin", origin));
   layout->addWidget(grid);
   auto* row = new QHBoxLayout;
-  row->addWidget(MakeLabel("LblDescriptipn", "Click -> Select DbClick -> DeSelect"));
+  row->addWidget(dialogs::MakeLabel("LblDescriptipn", "Click -> Select DbClick -> DeSelect"));
   row->addStretch();
   layout->addLayout(row);
   return row;
 }
 
-PanelBar* AddBodyAndStatusBar(QWidget* form, QLayout* body) {
+dialogs::PanelBar* AddBodyAndStatusBar(QWidget* form, QLayout* body) {
   auto* layout = new QVBoxLayout(form);
-  auto* status_bar = new PanelBar("StatusBarExImage");
+  auto* status_bar = new dialogs::PanelBar("StatusBarExImage");
   const QMargins margins = layout->contentsMargins();
   layout->setContentsMargins(0, 0, 0, 0);
   body->setContentsMargins(margins);
@@ -42,4 +30,4 @@ PanelBar* AddBodyAndStatusBar(QWidget* form, QLayout* body) {
   return status_bar;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

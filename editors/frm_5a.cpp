@@ -1,12 +1,14 @@
 #include "editors/frm_5a.h"
 
+#include "dialogs/named_widgets.h"
+
 #include <QApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 QString Text(std::string_view text) {
@@ -29,13 +31,13 @@ class OptionButton : public QRadioButton {
 
 }  // namespace
 
-Frm5A::Frm5A(CommonVariables& common, Dialogs& dialogs, QWidget* parent)
-    : SubForm("Frm5A", parent), common_(common), dialogs_(dialogs) {
+Frm5A::Frm5A(link::CommonVariables& common, dialogs::Dialogs& dialogs, dialogs::Guard& guard,
+             QWidget* parent)
+    : dialogs::SubForm("Frm5A", guard, parent), common_(common), dialogs_(dialogs) {
   setWindowTitle("Form5A");
-  auto* next = new QPushButton(">>");
-  next->setObjectName("CmdNext");
+  QPushButton* next = dialogs::MakeButton("CmdNext", ">>");
   next->setAccessibleName("Next");
-  connect(next, &QPushButton::clicked, this, &Frm5A::CmdNext_Click);
+  connect(next, &QPushButton::clicked, this, Guarded([this] { CmdNext_Click(); }));
 
   auto* layout = new QGridLayout(this);
   int column = 0;
@@ -55,7 +57,8 @@ QWidget* Frm5A::MakeGroup(Control control) {
     auto* option = new OptionButton(Text(group.options[static_cast<std::size_t>(i)].caption));
     option->setObjectName(QString("%1_%2").arg(Text(group.option_name)).arg(i));
     option->setChecked(i == group.initial_index);
-    connect(option, &QRadioButton::clicked, this, [this, control, i] { Choose(control, i); });
+    connect(option, &QRadioButton::clicked, this,
+            Guarded([this, control, i] { Choose(control, i); }));
     layout->addWidget(option, 0, Qt::AlignLeft);
     options.push_back(option);
   }
@@ -66,7 +69,8 @@ QWidget* Frm5A::MakeGroup(Control control) {
 void Frm5A::Choose(Control control, int index) {
   const ControlGroup& group = GroupOf(control);
   if (!settings_.Choose(control, index)) {
-    dialogs_.MsgBox(std::string(group.error_prompt), Buttons::kOk, std::string(group.error_title));
+    dialogs_.MsgBox(std::string(group.error_prompt), dialogs::Buttons::kOk,
+                    std::string(group.error_title));
     return;
   }
   // The others of the group lose their mark by it.
@@ -78,4 +82,4 @@ void Frm5A::CmdNext_Click() {
   Unload();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -10,15 +10,17 @@
 
 class QRadioButton;
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // The LED and buzzer settings of 5Ah. ">>" leaves them in ControlDataString; the close box leaves
 // it as it was.
-class Frm5A : public SubForm {
+class Frm5A : public dialogs::SubForm {
   Q_OBJECT
 
  public:
-  Frm5A(CommonVariables& common, Dialogs& dialogs, QWidget* parent = nullptr);
+  // All three must outlive the form.
+  Frm5A(link::CommonVariables& common, dialogs::Dialogs& dialogs, dialogs::Guard& guard,
+        QWidget* parent = nullptr);
 
   // An option of a group was clicked. An index that the group lacks is reported and changes
   // nothing.
@@ -31,10 +33,10 @@ class Frm5A : public SubForm {
   void Choose(Control control, int index);
   QWidget* MakeGroup(Control control);
 
-  CommonVariables& common_;
-  Dialogs& dialogs_;
+  link::CommonVariables& common_;
+  dialogs::Dialogs& dialogs_;
   ControlSettings settings_;
   std::array<std::vector<QRadioButton*>, kControls.size()> options_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -1,5 +1,6 @@
 #include "editors/frm_external_font.h"
 
+#include "dialogs/named_widgets.h"
 #include "editors/form_parts.h"
 
 #include <QComboBox>
@@ -8,16 +9,20 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-namespace vantrel {
+namespace vantrel::editors {
 
-FrmExternalFont::FrmExternalFont(CommonVariables& common, Dialogs& dialogs, QWidget* parent)
-    : SubForm("FrmExternalFont", parent), common_(common), dialogs_(dialogs), editor_(common) {
+FrmExternalFont::FrmExternalFont(link::CommonVariables& common, dialogs::Dialogs& dialogs,
+                                 dialogs::Guard& guard, QWidget* parent)
+    : dialogs::SubForm("FrmExternalFont", guard, parent),
+      common_(common),
+      dialogs_(dialogs),
+      editor_(common) {
   auto* side = new QVBoxLayout;
   side->addWidget(MakeFontChoice());
   side->addStretch();
-  auto* next = MakeButton("CmdNext", ">>");
+  auto* next = dialogs::MakeButton("CmdNext", ">>");
   next->setAccessibleName("Next");
-  connect(next, &QPushButton::clicked, this, &FrmExternalFont::CmdNext_Click);
+  connect(next, &QPushButton::clicked, this, Guarded([this] { CmdNext_Click(); }));
   side->addWidget(next);
 
   auto* body = new QHBoxLayout;
@@ -36,10 +41,10 @@ QWidget* FrmExternalFont::MakeFontChoice() {
     auto* option = new QRadioButton(caption);
     option->setObjectName(name);
     // A click on the option that is selected already changes the size anew as well.
-    connect(option, &QRadioButton::clicked, this, [this, handler] {
-      (editor_.*handler)();
-      ShowEditor();
-    });
+    connect(option, &QRadioButton::clicked, this, Guarded([this, handler] {
+              (editor_.*handler)();
+              ShowEditor();
+            }));
     layout->addWidget(option, 0, column, Qt::AlignLeft);
     return option;
   };
@@ -55,7 +60,7 @@ QWidget* FrmExternalFont::MakeFontChoice() {
   image_no_->setCompleter(nullptr);
   image_no_->setInsertPolicy(QComboBox::NoInsert);
   image_no_->setMinimumContentsLength(4);
-  auto* label = MakeLabel("LblImageNo", "Image No:");
+  auto* label = dialogs::MakeLabel("LblImageNo", "Image No:");
   label->setBuddy(image_no_);
   layout->addWidget(label, 1, 0);
   layout->addWidget(image_no_, 1, 1);
@@ -65,15 +70,15 @@ QWidget* FrmExternalFont::MakeFontChoice() {
 QWidget* FrmExternalFont::MakeMatrix() {
   matrix_ = new QGroupBox;
   matrix_->setObjectName("FraFontMatrix");
-  grid_ = std::make_unique<DotGrid>("LblDot", editor_, 2);
+  grid_ = std::make_unique<DotGrid>("LblDot", editor_, 2, EventGuard());
   auto* layout = MakeMatrixLayout(matrix_, "Origin(0,0)", grid_.get());
   const char* const captions[] = {"Fill All", "Clear All"};
   for (int i = 0; i < 2; ++i) {
-    auto* button = MakeButton(QString("CmdAll_%1").arg(i), captions[i]);
-    connect(button, &QPushButton::clicked, this, [this, i] {
-      editor_.CmdAll_Click(i);
-      ShowEditor();
-    });
+    auto* button = dialogs::MakeButton(QString("CmdAll_%1").arg(i), captions[i]);
+    connect(button, &QPushButton::clicked, this, Guarded([this, i] {
+              editor_.CmdAll_Click(i);
+              ShowEditor();
+            }));
     layout->addWidget(button);
   }
   return matrix_;
@@ -93,8 +98,8 @@ void FrmExternalFont::ShowEditor() {
 
 void FrmExternalFont::CmdNext_Click() {
   editor_.CmdNext_Click(image_no_->currentText().toStdString());
-  dialogs_.MsgBox(common_.DataString, Buttons::kOk, "Print Data");
+  dialogs_.MsgBox(common_.DataString, dialogs::Buttons::kOk, "Print Data");
   Unload();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

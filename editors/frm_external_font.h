@@ -11,14 +11,16 @@
 class QComboBox;
 class QGroupBox;
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // Draws the external character of 44h or 45h and leaves the data field in DataString.
-class FrmExternalFont : public SubForm {
+class FrmExternalFont : public dialogs::SubForm {
   Q_OBJECT
 
  public:
-  FrmExternalFont(CommonVariables& common, Dialogs& dialogs, QWidget* parent = nullptr);
+  // All three must outlive the form.
+  FrmExternalFont(link::CommonVariables& common, dialogs::Dialogs& dialogs, dialogs::Guard& guard,
+                  QWidget* parent = nullptr);
 
  protected:
   void Form_Activate() override;
@@ -30,14 +32,14 @@ class FrmExternalFont : public SubForm {
   QWidget* MakeFontChoice();
   QWidget* MakeMatrix();
 
-  CommonVariables& common_;
-  Dialogs& dialogs_;
+  link::CommonVariables& common_;
+  dialogs::Dialogs& dialogs_;
   FontEditor editor_;
   QComboBox* image_no_;
   QGroupBox* matrix_;
   // Owned, and after the editor: the grid must not outlive it.
   std::unique_ptr<DotGrid> grid_;
-  PanelBar* status_bar_;
+  dialogs::PanelBar* status_bar_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

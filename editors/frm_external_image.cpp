@@ -1,12 +1,13 @@
 #include "editors/frm_external_image.h"
 
+#include "dialogs/named_widgets.h"
 #include "editors/form_parts.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 // Keeps the form's size and layout while the widget is hidden.
@@ -18,14 +19,15 @@ void RetainSize(QWidget* widget) {
 
 }  // namespace
 
-FrmExternalImage::FrmExternalImage(CommonVariables& common, Dialogs& dialogs, QWidget* parent)
-    : SubForm("FrmExternalImage", parent), dialogs_(dialogs), editor_(common) {
+FrmExternalImage::FrmExternalImage(link::CommonVariables& common, dialogs::Dialogs& dialogs,
+                                   dialogs::Guard& guard, QWidget* parent)
+    : dialogs::SubForm("FrmExternalImage", guard, parent), dialogs_(dialogs), editor_(common) {
   auto* side = new QVBoxLayout;
   side->addWidget(MakeCoordinates());
   side->addStretch();
-  next_ = MakeButton("CmdNext", ">>");
+  next_ = dialogs::MakeButton("CmdNext", ">>");
   next_->setAccessibleName("Next");
-  connect(next_, &QPushButton::clicked, this, &FrmExternalImage::CmdNext_Click);
+  connect(next_, &QPushButton::clicked, this, Guarded([this] { CmdNext_Click(); }));
   side->addWidget(next_);
 
   auto* body = new QHBoxLayout;
@@ -45,9 +47,10 @@ QWidget* FrmExternalImage::MakeCoordinates() {
   auto* layout = new QGridLayout(frame);
   int row = 0;
   const auto add_box = [&](const QString& axis) {
-    auto* box = new DigitBox("Txt" + axis + "Coordinate", "0", DigitBox::Deleting::kAllowed);
-    connect(box, &DigitBox::Click, this, &FrmExternalImage::TxtCoordinate_Click);
-    auto* label = MakeLabel("Lbl" + axis + "Coordinate", axis + "-Coordinate");
+    auto* box = new dialogs::DigitBox("Txt" + axis + "Coordinate", "0",
+                                      dialogs::DigitBox::Deleting::kAllowed);
+    connect(box, &dialogs::DigitBox::Click, this, Guarded([this] { TxtCoordinate_Click(); }));
+    auto* label = dialogs::MakeLabel("Lbl" + axis + "Coordinate", axis + "-Coordinate");
     label->setBuddy(box);
     layout->addWidget(label, row, 0);
     layout->addWidget(box, row++, 1);
@@ -55,9 +58,9 @@ QWidget* FrmExternalImage::MakeCoordinates() {
   };
   x_coordinate_ = add_box("X");
   y_coordinate_ = add_box("Y");
-  set_ = MakeButton("CmdSet", "Set");
+  set_ = dialogs::MakeButton("CmdSet", "Set");
   RetainSize(set_);
-  connect(set_, &QPushButton::clicked, this, &FrmExternalImage::CmdSet_Click);
+  connect(set_, &QPushButton::clicked, this, Guarded([this] { CmdSet_Click(); }));
   layout->addWidget(set_, row, 1);
   return frame;
 }
@@ -66,10 +69,10 @@ QWidget* FrmExternalImage::MakeMatrix() {
   matrix_ = new QGroupBox;
   matrix_->setObjectName("FraDotMatrix");
   RetainSize(matrix_);
-  grid_ = std::make_unique<DotGrid>("Lbldot", editor_, 1);
+  grid_ = std::make_unique<DotGrid>("Lbldot", editor_, 1, EventGuard());
   auto* layout = MakeMatrixLayout(matrix_, "Origin (0,0)", grid_.get());
-  clear_ = MakeButton("CmdClear", "Clear All");
-  connect(clear_, &QPushButton::clicked, this, &FrmExternalImage::CmdClear_Click);
+  clear_ = dialogs::MakeButton("CmdClear", "Clear All");
+  connect(clear_, &QPushButton::clicked, this, Guarded([this] { CmdClear_Click(); }));
   layout->addWidget(clear_);
   return matrix_;
 }
@@ -90,8 +93,8 @@ void FrmExternalImage::CmdSet_Click() {
   const auto invalid = editor_.CmdSet_Click(x_coordinate_->text().toStdString(),
                                             y_coordinate_->text().toStdString());
   if (invalid) {
-    dialogs_.MsgBox(invalid->prompt, Buttons::kOk, invalid->title);
-    DigitBox* box = invalid->is_x ? x_coordinate_ : y_coordinate_;
+    dialogs_.MsgBox(invalid->prompt, dialogs::Buttons::kOk, invalid->title);
+    dialogs::DigitBox* box = invalid->is_x ? x_coordinate_ : y_coordinate_;
     box->setText("0");
     box->setFocus();
     box->selectAll();
@@ -122,4 +125,4 @@ void FrmExternalImage::ShowEditor() {
   grid_->Refresh();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -12,14 +12,16 @@
 class QGroupBox;
 class QPushButton;
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // Draws the external image of 43h or 4Dh and leaves the data field in DataString.
-class FrmExternalImage : public SubForm {
+class FrmExternalImage : public dialogs::SubForm {
   Q_OBJECT
 
  public:
-  FrmExternalImage(CommonVariables& common, Dialogs& dialogs, QWidget* parent = nullptr);
+  // All three must outlive the form.
+  FrmExternalImage(link::CommonVariables& common, dialogs::Dialogs& dialogs, dialogs::Guard& guard,
+                   QWidget* parent = nullptr);
 
  protected:
   void Form_Activate() override;
@@ -34,17 +36,17 @@ class FrmExternalImage : public SubForm {
   QWidget* MakeCoordinates();
   QWidget* MakeMatrix();
 
-  Dialogs& dialogs_;
+  dialogs::Dialogs& dialogs_;
   ImageEditor editor_;
-  DigitBox* x_coordinate_;
-  DigitBox* y_coordinate_;
+  dialogs::DigitBox* x_coordinate_;
+  dialogs::DigitBox* y_coordinate_;
   QPushButton* set_;
   QGroupBox* matrix_;
   // Owned, and after the editor: the grid must not outlive it.
   std::unique_ptr<DotGrid> grid_;
   QPushButton* clear_;
   QPushButton* next_;
-  PanelBar* status_bar_;
+  dialogs::PanelBar* status_bar_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

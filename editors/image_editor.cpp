@@ -4,13 +4,13 @@
 
 #include <cmath>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 constexpr int kLines = 40;
 constexpr int kDots = 40;
-constexpr int kLastX = 479;
-constexpr int kLastY = 39;
+constexpr int kLastX = kLastImageLine;
+constexpr int kLastY = kLastImageByte;
 // From these coordinates on less than the whole grid fits into the image area.
 constexpr int kLastWholeX = 440;
 constexpr int kLastWholeY = 35;
@@ -21,7 +21,14 @@ std::string SizeText(int lines, int dots) {
 
 }  // namespace
 
-ImageEditor::ImageEditor(CommonVariables& common)
+std::string ComposeImageData(std::string_view x_text, std::string_view y_text,
+                             std::optional<int> line_bytes, std::string_view hex) {
+  std::string data = std::string(x_text) + "," + std::string(y_text) + ",";
+  if (line_bytes) data += std::to_string(*line_bytes) + ",";
+  return data.append(hex);
+}
+
+ImageEditor::ImageEditor(link::CommonVariables& common)
     : DotEditor(kLines, kDots, SizeText(kLines, kDots)), common_(common) {}
 
 void ImageEditor::Form_Activate() {
@@ -41,10 +48,10 @@ void ImageEditor::Form_Activate() {
 
 std::optional<ImageEditor::InvalidCoordinate> ImageEditor::CmdSet_Click(std::string_view x_text,
                                                                         std::string_view y_text) {
-  const double x = LeadingNumber(x_text);
+  const double x = link::LeadingNumber(x_text);
   if (x < 0 || x > kLastX)
     return InvalidCoordinate{true, "X Coordinate should be within 0 - 479", "Invalid X coordinate"};
-  const double y = LeadingNumber(y_text);
+  const double y = link::LeadingNumber(y_text);
   if (y < 0 || y > kLastY)
     return InvalidCoordinate{false, "Y Coordinate should be within 0 - 39", "Invalid Y coordinate"};
   step_ = Step::kDrawing;
@@ -87,9 +94,9 @@ void ImageEditor::CmdClear_Click() {
 void ImageEditor::CmdNext_Click(std::string_view x_text, std::string_view y_text) {
   common_.DataString.clear();
   const std::string hex = Dots().Hex(last_line_index_, last_byte_index_);
-  std::string data = std::string(x_text) + "," + std::string(y_text) + ",";
-  if (common_.IsBlockMode) data += std::to_string(last_byte_index_ + 1) + ",";
-  common_.DataString = data + hex;
+  common_.DataString = ComposeImageData(
+      x_text, y_text, common_.IsBlockMode ? std::optional(last_byte_index_ + 1) : std::nullopt,
+      hex);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -7,7 +7,16 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::editors {
+
+// The printer's image area: its last line (X) and the last byte of eight dots of each line (Y).
+inline constexpr int kLastImageLine = 479;
+inline constexpr int kLastImageByte = 39;
+
+// The data field of 43h, or of 4Dh where `line_bytes`, the bytes of each line, are told:
+// "0,0,5,00FF...". The coordinates are sent as they are, `hex` is the lines' bytes as hex text.
+std::string ComposeImageData(std::string_view x_text, std::string_view y_text,
+                             std::optional<int> line_bytes, std::string_view hex);
 
 // The editor of an external image: line mode (43h) sends one line of up to 40 dots, block mode
 // (4Dh) up to 40 lines. The printer's image area has 480 lines (X) of 40 bytes of eight dots (Y); a
@@ -24,7 +33,7 @@ class ImageEditor : public DotEditor {
   };
 
   // `common` says the mode and takes the data field; it must outlive the editor.
-  explicit ImageEditor(CommonVariables& common);
+  explicit ImageEditor(link::CommonVariables& common);
 
   Step CurrentStep() const { return step_; }
   // The last line that the data field carries, and the last byte of each line.
@@ -53,10 +62,10 @@ class ImageEditor : public DotEditor {
  private:
   void SizeGrid(int x, int y);
 
-  CommonVariables& common_;
+  link::CommonVariables& common_;
   Step step_ = Step::kCoordinates;
   int last_line_index_ = 0;
   int last_byte_index_ = 0;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

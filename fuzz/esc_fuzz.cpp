@@ -1,7 +1,9 @@
 // Any bytes as print text with ESC sequences. The first byte chooses direction, code page and
 // reference point.
 
-#include "printer/print_text.h"
+#include "fuzz/target.h"
+#include "printer/commands/printer_state.h"
+#include "printer/drawing/print_text.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +11,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace vantrel;
+  using namespace vantrel::printer;
+  using link::CodePage;
   if (size == 0) return 0;
   constexpr CodePage kPages[] = {CodePage::kJapanese, CodePage::kSimplifiedChinese,
                                  CodePage::kKorean, CodePage::kTraditionalChinese};
@@ -16,7 +20,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const CodePage code_page = kPages[data[0] / 4 % 4];
   const int y = data[0] / 16 * 20;
   const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
-  const auto items = ParsePrintText(text, IsVertical(direction));
+  const auto items =
+      vantrel::protocol::ParsePrintText(text, vantrel::protocol::IsVertical(direction));
   if (!items) return 0;
   static const PrintRegisters registers = [] {
     PrintRegisters some;
@@ -26,8 +31,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     some.single_byte_characters[1] = Bitmap(8, 16);
     return some;
   }();
+  static Fonts fonts(SystemFontFolder());
   Bitmap face(kFaceWidth, kFaceHeight);
   Page page(face, direction);
-  DrawPrintText(page, {SystemFonts(), registers, code_page, 0, y}, *items);
+  DrawPrintText(page, {fonts, registers, code_page, 0, y}, *items);
   return 0;
 }

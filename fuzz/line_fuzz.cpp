@@ -1,8 +1,9 @@
 // Any bytes on the line of the software printer, in any split, with good frames and a person's hand
 // in between: nothing crashes, nothing piles up, and the next good frame is understood.
 
+#include "fuzz/target.h"
 #include "link/frame.h"
-#include "printer/printer_model.h"
+#include "printer/model/printer_model.h"
 
 #include <algorithm>
 #include <chrono>
@@ -12,10 +13,15 @@
 #include <span>
 #include <string>
 
-namespace vantrel {
+namespace vantrel::fuzz {
 namespace {
 
 using namespace std::chrono_literals;
+
+printer::Fonts& InstalledFonts() {
+  static printer::Fonts fonts(printer::SystemFontFolder());
+  return fonts;
+}
 
 // The input, read from its start; nothing but zeroes past its end.
 class Input {
@@ -29,9 +35,10 @@ class Input {
     rest_ = rest_.subspan(1);
     return byte;
   }
-  Bytes Some() {
-    const std::size_t count = std::min<std::size_t>(Byte(), rest_.size());
-    const Bytes bytes(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(count));
+  link::Bytes Some() {
+    const std::size_t wanted = Byte();
+    const std::size_t count = std::min(wanted, rest_.size());
+    const link::Bytes bytes(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(count));
     rest_ = rest_.subspan(count);
     return bytes;
   }
@@ -43,7 +50,7 @@ class Input {
 class Printer {
  public:
   Printer() {
-    model_.OnSend([this](const Bytes& chunk) {
+    model_.OnSend([this](const link::Bytes& chunk) {
       last_ = chunk;
       sent_ += chunk.size();
     });
@@ -79,39 +86,43 @@ class Printer {
 
   // Ends with a reset that must be answered.
   bool UnderstandsAReset() {
-    model_.SetFault({});
+    model_.ClearFaults();
     model_.SetPacing(false);
     model_.SetPower(true, now_);
-    Pass(kFrameSilence);
-    model_.Receive(BytesOf("025F035C"), now_);
+    Pass(protocol::kFrameSilence);
+    model_.Receive(link::BytesOf("025F035C"), now_);
     Pass(2s);
     constexpr std::ptrdiff_t kReplyBytes = 5;
     return last_.size() >= kReplyBytes &&
-           Bytes(last_.end() - kReplyBytes, last_.end()) == BytesOf("025F20037C");
+           link::Bytes(last_.end() - kReplyBytes, last_.end()) == link::BytesOf("025F20037C");
   }
 
   std::size_t Sent() const { return sent_; }
 
  private:
   // A frame whose block check is good, unless the content holds STX or ETX.
-  static Bytes Frame(const Bytes& content) {
-    if (content.empty()) return BytesOf("020303");
-    return BytesOf(
-        ComposeFrame(HexOf(content.front()), HexTextOf(Bytes(content.begin() + 1, content.end()))));
+  static link::Bytes Frame(const link::Bytes& content) {
+    if (content.empty()) return link::BytesOf("020303");
+    return link::BytesOf(
+        link::ComposeFrame(link::HexOf(content.front()),
+                           link::HexTextOf(link::Bytes(content.begin() + 1, content.end()))));
   }
 
   void SetFault(Input& input) {
-    const FaultRow& row = FaultRows()[input.Byte() % FaultRows().size()];
-    Fault fault;
+    const printer::FaultRow& row = printer::FaultRows()[input.Byte() % printer::FaultRows().size()];
+    printer::Fault fault;
     fault.kind = row.kind;
     fault.value = std::clamp<unsigned>(input.Byte(), row.least, row.most);
-    if (row.value == FaultValue::kHexBytes) fault.noise = input.Some();
-    fault.commands = 1 + input.Byte() % 4;
-    model_.SetFault(fault);
+    if (row.value == printer::FaultValue::kHexBytes) fault.bytes = input.Some();
+    fault.strikes = 1 + input.Byte() % 4;
+    fault.every = 1 + input.Byte() % 3;
+    fault.choices = {printer::ParseFault("resend 2"), printer::ParseFault("split 3")};
+    if (input.Byte() % 4 == 0 || model_.Faults().List().size() >= 8) model_.ClearFaults();
+    model_.AddFault(fault);
   }
 
   void Pass(std::chrono::milliseconds time) {
-    const Moment end = now_ + time;
+    const protocol::Moment end = now_ + time;
     while (model_.NextAdvance() && *model_.NextAdvance() <= end) {
       now_ = std::max(now_, *model_.NextAdvance());
       model_.Advance(now_);
@@ -119,18 +130,18 @@ class Printer {
     now_ = end;
   }
 
-  PrinterModel model_;
-  Moment now_{0};
-  Bytes last_;
+  printer::PrinterModel model_{InstalledFonts(), link::CodePage::kWestern};
+  protocol::Moment now_{0};
+  link::Bytes last_;
   std::size_t sent_ = 0;
 };
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  vantrel::Input input({data, size});
-  vantrel::Printer printer;
+  vantrel::fuzz::Input input({data, size});
+  vantrel::fuzz::Printer printer;
   while (!input.IsAtEnd()) printer.Do(input);
   if (!printer.UnderstandsAReset()) std::abort();
   // No answer is longer than a track and a fault's noise, and each takes two bytes of input or

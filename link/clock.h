@@ -1,6 +1,6 @@
 #pragma once
 
-namespace vantrel {
+namespace vantrel::link {
 
 // The console's two interval timers. Both are one-shot.
 enum class Timer {
@@ -29,4 +29,4 @@ class Clock {
   virtual void WaitForEvents() = 0;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

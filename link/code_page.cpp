@@ -7,7 +7,7 @@
 #include <optional>
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 class Converter {
@@ -156,4 +156,4 @@ std::vector<CodedCharacter> DecodeCharacters(std::string_view bytes, CodePage pa
   return characters;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

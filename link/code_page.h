@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // The code page in which text travels over the line, by its number.
 enum class CodePage {
@@ -47,4 +47,4 @@ struct CodedCharacter {
 // system lacks the code page.
 std::vector<CodedCharacter> DecodeCharacters(std::string_view bytes, CodePage page);
 
-}  // namespace vantrel
+}  // namespace vantrel::link

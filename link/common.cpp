@@ -6,7 +6,7 @@
 #include <limits>
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::link {
 
 std::string BinToDec(std::string_view binary) {
   while (!binary.empty() && binary.front() == ' ') binary.remove_prefix(1);
@@ -48,4 +48,4 @@ std::string StrToHex(std::string_view text, CodePage page) {
   return hex;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // Hex text: two upper-case hexadecimal digits a byte, in wire order, nothing between them
 // ("02210322").
@@ -47,4 +47,4 @@ struct CommonVariables {
   std::string PrintDirection = "2";
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "link/port.h"
+
 #include <string>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // The texts of the console that commands write and read back.
 enum class Field { TxtCommand, TxtSyntax, TxtResponse, LblHints, Panel1, Panel2 };
@@ -15,6 +17,9 @@ class Display {
   virtual std::string Text(Field field) const = 0;
   // Enables or disables the command buttons that must not be pressed while a command waits.
   virtual void EnableCommandButtons(bool enabled) = 0;
+  // Tells that the device was lost while no command waited, whose call would report it. Must not
+  // throw.
+  virtual void ShowLoss(const PortError& loss) = 0;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

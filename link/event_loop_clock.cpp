@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::link {
 
 EventLoopClock::EventLoopClock() {
   for (const Timer timer : {Timer::TimeOut, Timer::WaitTimer}) {
@@ -25,7 +25,6 @@ void EventLoopClock::Stop(Timer timer) { TimerOf(timer).stop(); }
 void EventLoopClock::Yield() { QCoreApplication::processEvents(); }
 
 void EventLoopClock::WaitForEvents() {
-  if (on_sleep_) on_sleep_();
   QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
@@ -35,4 +34,4 @@ int EventLoopClock::Remaining(Timer timer) const {
 
 int EventLoopClock::Interval(Timer timer) const { return TimerOf(timer).interval(); }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

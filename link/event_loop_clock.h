@@ -4,10 +4,7 @@
 
 #include <QTimer>
 
-#include <functional>
-#include <utility>
-
-namespace vantrel {
+namespace vantrel::link {
 
 // The clock of the user-interface thread: Qt's timers, precise to the millisecond, and its event
 // loop.
@@ -20,9 +17,6 @@ class EventLoopClock : public Clock {
   void Stop(Timer timer) override;
   void Yield() override;
   void WaitForEvents() override;
-
-  // Has `work` run each time before WaitForEvents sleeps. It must be quick and must not throw.
-  void OnSleep(std::function<void()> work) { on_sleep_ = std::move(work); }
 
   // Milliseconds left until the timer ticks; 0 when it is not running.
   int Remaining(Timer timer) const;
@@ -38,7 +32,6 @@ class EventLoopClock : public Clock {
   QTimer time_out_;
   QTimer wait_timer_;
   Listener* listener_ = nullptr;
-  std::function<void()> on_sleep_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 int DigitValue(char character) {
@@ -66,4 +66,4 @@ std::string ComposeFrame(std::string_view command, std::string_view data_hex) {
   return frame;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // Start and end of a frame, in hex text.
 inline constexpr std::string_view StxHex = "02";
@@ -33,4 +33,4 @@ std::string SpacedPairs(std::string_view hex);
 // The whole frame of a command: STX, command code, data, ETX and the block check, all in hex text.
 std::string ComposeFrame(std::string_view command, std::string_view data_hex = {});
 
-}  // namespace vantrel
+}  // namespace vantrel::link

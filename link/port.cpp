@@ -1,6 +1,8 @@
 #include "link/port.h"
 
-namespace vantrel {
+#include <sys/stat.h>
+
+namespace vantrel::link {
 namespace {
 
 std::string Message(const std::string& device, const std::string& what,
@@ -15,6 +17,15 @@ constexpr const char* kChooseAgain =
     "to open it.";
 
 }  // namespace
+
+std::string DeviceIn(const std::string& folder, int port_number) {
+  std::string link = folder + "/com" + std::to_string(port_number);
+  struct stat status = {};
+  if (lstat(link.c_str(), &status) == 0) return link;
+  return folder + "/ttyS" + std::to_string(port_number - 1);
+}
+
+std::string SystemDevice(int port_number) { return DeviceIn("/dev", port_number); }
 
 PortError CannotOpen(const std::string& device, OpenFailure reason, const std::string& system_words,
                      const std::string& group) {
@@ -61,4 +72,4 @@ PortError DeviceGone(const std::string& device, const std::string& system_words)
                            std::string("Connect the printer again, then ") + kChooseAgain));
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

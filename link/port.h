@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // A failure of the serial port. what() is the whole message for the user: the device, the system's
 // words and what to do about it.
@@ -13,6 +13,12 @@ class PortError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+// The device behind port number 1 or 2 in a folder of devices: com1 or com2 where that exists, else
+// ttyS0 or ttyS1. A link is returned as it is, also when what it points to is missing.
+std::string DeviceIn(const std::string& folder, int port_number);
+// The device in /dev.
+std::string SystemDevice(int port_number);
 
 // Why opening a device failed, as far as the advice to the user depends on it.
 enum class OpenFailure { kNotFound, kNoPermission, kInUse, kOther };
@@ -38,7 +44,7 @@ class PortListener {
   // A notification of the port: kReceive when at least one byte has arrived. Must not throw and
   // must not wait.
   virtual void OnComm(int event_code) = 0;
-  // The device is gone and the port has been closed. Called once. May throw `error`.
+  // The device is gone and the port has been closed. Called once. Must not throw.
   virtual void OnLost(const PortError& error) = 0;
 };
 
@@ -72,4 +78,4 @@ class Port {
   virtual void Output(const Bytes& bytes) = 0;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

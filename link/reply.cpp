@@ -3,7 +3,7 @@
 #include "link/common.h"
 #include "link/frame.h"
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 constexpr unsigned kAcknowledge = 0x06;
@@ -58,4 +58,4 @@ std::string_view ReplyLabel(std::string_view command) {
   return {};
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

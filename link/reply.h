@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::link {
 
 enum class Judgement {
   kWait,      // nothing yet, or 06h with no complete and correct frame behind it
@@ -23,4 +23,4 @@ Judgement JudgeReply(std::string_view receive_buffer, std::string_view frame);
 // gives "First Track: "). Empty for a command whose reply has no data of its own.
 std::string_view ReplyLabel(std::string_view command);
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -11,10 +11,8 @@
 #include <cstring>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
-
-constexpr int kWatchInterval = 400;  // milliseconds
 
 // The group whose members may use the device; empty when the group has no access either.
 std::string GroupOf(const std::string& device) {
@@ -34,15 +32,8 @@ OpenFailure FailureOf(const std::string& device, QSerialPort::SerialPortError er
 
 }  // namespace
 
-std::string SystemDevice(int port_number) {
-  std::string link = "/dev/com" + std::to_string(port_number);
-  struct stat status = {};
-  if (lstat(link.c_str(), &status) == 0) return link;
-  return "/dev/ttyS" + std::to_string(port_number - 1);
-}
-
-SerialPort::SerialPort(DeviceOf device_of) : device_of_(std::move(device_of)) {
-  watch_.setInterval(kWatchInterval);
+SerialPort::SerialPort(DeviceOf device_of, int watch_interval) : device_of_(std::move(device_of)) {
+  watch_.setInterval(watch_interval);
   connect(&watch_, &QTimer::timeout, this, &SerialPort::CheckDevice);
   connect(&port_, &QSerialPort::readyRead, this, [this] {
     if (listener_ != nullptr) listener_->OnComm(PortListener::kReceive);
@@ -143,4 +134,4 @@ PortError SerialPort::CloseGone() {
   return DeviceGone(Name(), std::strerror(EIO));
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

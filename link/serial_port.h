@@ -9,11 +9,7 @@
 #include <functional>
 #include <string>
 
-namespace vantrel {
-
-// The device behind a port number: /dev/com1 or /dev/com2 where that exists, else /dev/ttyS0 or
-// /dev/ttyS1. A link is returned as it is, also when what it points to is missing.
-std::string SystemDevice(int port_number);
+namespace vantrel::link {
 
 // A serial port of the system, or a pseudo-terminal. Port 1 at "9600,N,8,1" and closed when made.
 class SerialPort : public QObject, public Port {
@@ -23,7 +19,9 @@ class SerialPort : public QObject, public Port {
   // Tells the path of a port number's device; asked at every Open.
   using DeviceOf = std::function<std::string(int port_number)>;
 
-  explicit SerialPort(DeviceOf device_of = SystemDevice);
+  // While the port is open the device is asked every `watch_interval` milliseconds whether it is
+  // still there.
+  explicit SerialPort(DeviceOf device_of = SystemDevice, int watch_interval = 400);
   ~SerialPort() override;
 
   void SetListener(PortListener* listener) override { listener_ = listener; }
@@ -55,4 +53,4 @@ class SerialPort : public QObject, public Port {
   std::string device_;  // the device that was opened last
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -2,7 +2,7 @@
 
 #include "link/frame.h"
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 constexpr unsigned kNormalStatus = 0x20;
@@ -48,16 +48,21 @@ std::string_view StatusText(unsigned status) {
   }
 }
 
-std::string ReplyMeaning(std::string_view label, std::string_view receive_buffer, CodePage page) {
-  std::string meaning(label);
-  const unsigned status = HexPair(receive_buffer, 6);
-  if (status != kNormalStatus || label.empty()) meaning += StatusText(status);
+unsigned ReplyStatus(std::string_view receive_buffer) { return HexPair(receive_buffer, 6); }
 
+std::string ReplyData(std::string_view receive_buffer) {
   // Characters 0-7 are 06h, STX, command and status; the last four are ETX and the block check.
   std::string data;
   for (std::size_t i = 8; i + 4 < receive_buffer.size(); i += 2)
     data += static_cast<char>(HexPair(receive_buffer, i));
-  return meaning + DecodeBytes(data, page);
+  return data;
 }
 
-}  // namespace vantrel
+std::string ReplyMeaning(std::string_view label, std::string_view receive_buffer, CodePage page) {
+  std::string meaning(label);
+  const unsigned status = ReplyStatus(receive_buffer);
+  if (status != kNormalStatus || label.empty()) meaning += StatusText(status);
+  return meaning + DecodeBytes(ReplyData(receive_buffer), page);
+}
+
+}  // namespace vantrel::link

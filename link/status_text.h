@@ -5,11 +5,16 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // A printer status code in words ("22h: No targeted Card"); "Unknown response" for a code that has
 // none.
 std::string_view StatusText(unsigned status);
+
+// The status of a good reply held as hex text in `receive_buffer` (06h to block check), and the
+// bytes of its data.
+unsigned ReplyStatus(std::string_view receive_buffer);
+std::string ReplyData(std::string_view receive_buffer);
 
 // The meaning of a good reply held as hex text in `receive_buffer` (06h to block check): the label,
 // the status in words, and the data, each byte as one character of the code page, unprintable ones
@@ -17,4 +22,4 @@ std::string_view StatusText(unsigned status);
 // data follow it directly.
 std::string ReplyMeaning(std::string_view label, std::string_view receive_buffer, CodePage page);
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 constexpr int kPollingInterval = 10;  // milliseconds
@@ -78,7 +78,7 @@ void Transaction::Exchange(std::string_view frame, int time_limit, int depth) {
   clock_.Yield();
   ThrowIfAbandoned(depth);
 
-  port_.Output(BytesOf(frame));
+  Write(BytesOf(frame), depth);
 
   while (!time_up_) {
     Delay(kPollingInterval, depth);
@@ -94,7 +94,7 @@ void Transaction::Exchange(std::string_view frame, int time_limit, int depth) {
       case Judgement::kResend:
         receive_buffer_.clear();
         for (std::size_t i = 0; i < frame.size(); i += 2)
-          port_.Output({static_cast<std::uint8_t>(HexPair(frame, i))});
+          Write({static_cast<std::uint8_t>(HexPair(frame, i))}, depth);
         display_.SetText(Field::TxtResponse, "&H15: Resend Request");
         break;
       case Judgement::kUnknown:
@@ -103,6 +103,17 @@ void Transaction::Exchange(std::string_view frame, int time_limit, int depth) {
     }
   }
   display_.SetText(Field::TxtResponse, "Time up! " + display_.Text(Field::TxtResponse));
+}
+
+void Transaction::Write(const Bytes& bytes, int depth) {
+  const bool was_open = port_.IsOpen();
+  try {
+    port_.Output(bytes);
+  } catch (const PortError&) {
+    // This call reports it; those around it would wait for a port that is closed now.
+    if (was_open) abandoned_depth_ = std::max(abandoned_depth_, depth - 1);
+    throw;
+  }
 }
 
 void Transaction::ShowReply() {
@@ -154,7 +165,7 @@ void Transaction::OnComm(int event_code) {
 }
 
 void Transaction::OnLost(const PortError& error) {
-  if (depth_ == 0) throw error;
+  if (depth_ == 0) return display_.ShowLoss(error);
   // The innermost call reports the loss; those around it end without a word.
   loss_ = error;
   abandoned_depth_ = depth_;
@@ -167,4 +178,4 @@ void Transaction::OnTick(Timer timer) {
     wait_done_ = true;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // Thrown out of a wait that has ended without an outcome (the console is closing, or a failure has
 // already been reported by a command nested in the wait). There is nothing to show for it.
@@ -30,7 +30,8 @@ class Transaction : public PortListener, public Clock::Listener {
   // Sends a frame (hex text, STX to block check), waits for the reply for `time_limit`
   // milliseconds, resends on request, and shows the outcome. Returns when the exchange has ended,
   // whatever its outcome. Throws PortError when the port fails (it is closed then, the buttons are
-  // enabled and the panels emptied) and ExchangeEnded after Abandon.
+  // enabled and the panels emptied) and ExchangeEnded after Abandon, and after a failure of the
+  // open port that a call nested in this one has reported.
   void SendCommand(std::string_view frame, int time_limit);
 
   // Disables the ordinary command buttons, or enables them and empties both panels.
@@ -58,6 +59,8 @@ class Transaction : public PortListener, public Clock::Listener {
   class Call;
 
   void Exchange(std::string_view frame, int time_limit, int depth);
+  // Writes for the call of that depth. Where an open port fails, the calls around it are abandoned.
+  void Write(const Bytes& bytes, int depth);
   // Yields until `milliseconds` have passed. Ends the call of that depth when it has been
   // abandoned.
   void Delay(int milliseconds, int depth);
@@ -76,4 +79,4 @@ class Transaction : public PortListener, public Clock::Listener {
   std::optional<PortError> loss_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

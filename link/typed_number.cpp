@@ -7,7 +7,7 @@
 #include <limits>
 #include <string>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
@@ -98,4 +98,4 @@ bool EqualsTwo(std::string_view text) {
   return reading.length > 0 && reading.length == text.size() && reading.value == 2;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // The number that a typed text begins with: leading blanks are skipped, then a sign, digits, a
 // decimal point and an exponent (E or D) are read up to the first character that does not fit
@@ -20,4 +20,4 @@ std::optional<std::int16_t> TypedInteger(std::string_view text);
 // are, "2x", "21" and an empty text are not.
 bool EqualsTwo(std::string_view text);
 
-}  // namespace vantrel
+}  // namespace vantrel::link

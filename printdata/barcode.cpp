@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 // A key press of a type: the digits 0 to 9, then these.
@@ -83,7 +83,7 @@ std::vector<std::string> CodeSetCaptions(int code_set) {
       break;
     case 1:
       add_characters(' ', '~');
-      captions.push_back("DEL");
+      captions.emplace_back("DEL");
       add(kFunctionsOfB);
       break;
     default:
@@ -173,4 +173,4 @@ void BarcodePad::Clear() {
   panels_[0].clear();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::printdata {
 
 // The keys of the barcode pad; a key's index is its Code 128 symbol value.
 inline constexpr int kBarcodeKeyCount = 103;
@@ -93,4 +93,4 @@ class BarcodePad {
   std::array<std::string, 2> panels_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

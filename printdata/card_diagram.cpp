@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 constexpr int kGap = 8;
@@ -129,4 +129,4 @@ void CardDiagram::paintEvent(QPaintEvent*) {
   painter.drawEllipse(origin, kPointRadius, kPointRadius);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -4,7 +4,7 @@
 
 class QLabel;
 
-namespace vantrel {
+namespace vantrel::printdata {
 
 // A drawing of the card as it lies in the printer: the way it is inserted, the axes of the
 // coordinates and the reference point at its left bottom, which is the origin.
@@ -38,4 +38,4 @@ class CardDiagram : public QWidget {
   QLabel* const reference_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

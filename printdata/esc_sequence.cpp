@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <optional>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 using enum EscPiece;
@@ -132,18 +132,18 @@ std::string WithLeadingZeros(int number, std::size_t digits) {
   return padded.substr(padded.size() - digits);
 }
 
-bool UserGoesOn(Dialogs& dialogs) {
+bool UserGoesOn(dialogs::Dialogs& dialogs) {
   return dialogs.MsgBox(
              "This command is invalid for the printer with Japan, China, Taiwan & HK version.\r\n"
              "Will you proceed to execute this command?",
-             Buttons::kYesNo, "Notice") == Answer::kYes;
+             dialogs::Buttons::kYesNo, "Notice") == dialogs::Answer::kYes;
 }
 
-int AskNumber(const EscSequence& sequence, EscForm& form, Dialogs& dialogs) {
+int AskNumber(const EscSequence& sequence, EscForm& form, dialogs::Dialogs& dialogs) {
   const EscPrompt& prompt = form.IsVerticalSelected() ? sequence.vertical : sequence.horizontal;
   while (true) {
     const std::optional<std::int16_t> number =
-        TypedInteger(dialogs.InputBox(prompt.text, sequence.label + form.PanelText(1)));
+        link::TypedInteger(dialogs.InputBox(prompt.text, sequence.label + form.PanelText(1)));
     if (number && Accepts(prompt, *number)) return *number;
   }
 }
@@ -195,7 +195,7 @@ std::string ComposeEscBody(const EscSequence& sequence, int number, const std::s
   return body;
 }
 
-bool RunEscSequence(const EscSequence& sequence, EscForm& form, Dialogs& dialogs,
+bool RunEscSequence(const EscSequence& sequence, EscForm& form, dialogs::Dialogs& dialogs,
                     std::string& data_string) {
   if (sequence.notice == EscNotice::kNoKeepsData && !UserGoesOn(dialogs)) return false;
   data_string.clear();
@@ -207,4 +207,4 @@ bool RunEscSequence(const EscSequence& sequence, EscForm& form, Dialogs& dialogs
   return true;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::printdata {
 
 // One demonstration of an ESC control sequence inside the print text of 41h: the button that
 // starts it, what it asks and the body that it composes.
@@ -76,7 +76,7 @@ class EscForm {
 // when the form is to unload, false when the user answered No. The prompt returns until its reply
 // is accepted: its number is the whole number nearest to the one that the reply begins with, halves
 // to even; Cancel and an empty reply are 0.
-bool RunEscSequence(const EscSequence& sequence, EscForm& form, Dialogs& dialogs,
+bool RunEscSequence(const EscSequence& sequence, EscForm& form, dialogs::Dialogs& dialogs,
                     std::string& data_string);
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -1,6 +1,7 @@
 #include "printdata/frm_4e.h"
 
 #include "dialogs/digit_box.h"
+#include "dialogs/named_widgets.h"
 #include "dialogs/panel_bar.h"
 #include "printdata/frames.h"
 
@@ -13,7 +14,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 // Sixteen in a row show the sets A and B as tables of ASCII do, twenty the hundred numbers of
@@ -39,8 +40,10 @@ QComboBox* MakeCharacterBox(const QString& name) {
 
 }  // namespace
 
-Frm4E::Frm4E(CommonVariables& common, QWidget* parent)
-    : SubForm("Frm4E", parent), common_(common), status_bar_(new PanelBar("StatusBarFrm4E")) {
+Frm4E::Frm4E(link::CommonVariables& common, dialogs::Guard& guard, QWidget* parent)
+    : dialogs::SubForm("Frm4E", guard, parent),
+      common_(common),
+      status_bar_(new dialogs::PanelBar("StatusBarFrm4E")) {
   setWindowTitle("4Eh Bar Code Data Setting Commands");
   QGroupBox* barcode_type = MakeBarcodeType();
   fra_code_set_ = MakeCodeSet();
@@ -87,7 +90,7 @@ QGroupBox* Frm4E::MakeBarcodeType() {
     const auto index = static_cast<std::size_t>(i);
     auto* option = new QRadioButton(QString::fromStdString(BarcodeTypes()[index].caption));
     option->setObjectName(QString("OptBarcodeType_%1").arg(i));
-    connect(option, &QRadioButton::clicked, this, [this, i] { OptBarcodeType_Click(i); });
+    connect(option, &QRadioButton::clicked, this, Guarded([this, i] { OptBarcodeType_Click(i); }));
     layout->addWidget(option, 0, Qt::AlignLeft);
     opt_barcode_type_[index] = option;
   }
@@ -102,7 +105,7 @@ QGroupBox* Frm4E::MakeCodeSet() {
   for (int i = 0; i < kCodeSetCount; ++i) {
     auto* option = new QRadioButton(kCaptions[i]);
     option->setObjectName(QString("OptCodeSet_%1").arg(i));
-    connect(option, &QRadioButton::clicked, this, [this, i] { OptCodeSet_Click(i); });
+    connect(option, &QRadioButton::clicked, this, Guarded([this, i] { OptCodeSet_Click(i); }));
     layout->addWidget(option, 0, Qt::AlignLeft);
     opt_code_set_[static_cast<std::size_t>(i)] = option;
   }
@@ -126,16 +129,17 @@ QGroupBox* Frm4E::MakeStartStop() {
 
 QGroupBox* Frm4E::MakeYCoordinate() {
   QGroupBox* frame = MakeFrame("FraYCoordinate", "Y Coordinate");
-  txt_start_coordinate_ = new DigitBox("TxtStartCoordinate", "0", DigitBox::Deleting::kAllowed);
+  txt_start_coordinate_ =
+      new dialogs::DigitBox("TxtStartCoordinate", "0", dialogs::DigitBox::Deleting::kAllowed);
   txt_start_coordinate_->setAccessibleName("Y Coordinate, Start");
   // Takes any text; that is meant.
   txt_end_coordinate_ = new QLineEdit("47");
   txt_end_coordinate_->setObjectName("TxtEndCoordinate");
   txt_end_coordinate_->setAccessibleName("Y Coordinate, End");
   auto* layout = new QGridLayout(frame);
-  layout->addWidget(MakeLabel("LblStartCoordinate", "Start"), 0, 0);
+  layout->addWidget(dialogs::MakeLabel("LblStartCoordinate", "Start"), 0, 0);
   layout->addWidget(txt_start_coordinate_, 0, 1);
-  layout->addWidget(MakeLabel("LblEndCoordinate", "End"), 1, 0);
+  layout->addWidget(dialogs::MakeLabel("LblEndCoordinate", "End"), 1, 0);
   layout->addWidget(txt_end_coordinate_, 1, 1);
   return frame;
 }
@@ -150,11 +154,11 @@ QGroupBox* Frm4E::MakeKeys() {
   keys->addLayout(key_grid_);
   keys->addStretch();
   for (int i = 0; i < kBarcodeKeyCount; ++i) {
-    QPushButton* key = MakeButton(QString("CmdKey_%1").arg(i), "");
+    QPushButton* key = dialogs::MakeButton(QString("CmdKey_%1").arg(i), "");
     key->setParent(key_space_);
     // The columns of the grid give a key its width.
     key->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    connect(key, &QPushButton::clicked, this, [this, i] { CmdKey_Click(i); });
+    connect(key, &QPushButton::clicked, this, Guarded([this, i] { CmdKey_Click(i); }));
     cmd_key_[static_cast<std::size_t>(i)] = key;
   }
   ReserveKeySpace();
@@ -165,7 +169,7 @@ QGroupBox* Frm4E::MakeKeys() {
 
 QGroupBox* Frm4E::MakeBarcodeData() {
   QGroupBox* frame = MakeFrame("FraBarcodeData", "Barcode Data");
-  lbl_barcode_data_ = MakeLabel("LblBarcodeData", "");
+  lbl_barcode_data_ = dialogs::MakeLabel("LblBarcodeData", "");
   lbl_barcode_data_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
   lbl_barcode_data_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   lbl_barcode_data_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -179,10 +183,10 @@ QGroupBox* Frm4E::MakeBarcodeData() {
   const QFontMetrics metrics(large);
   lbl_barcode_data_->setMinimumSize(22 * metrics.horizontalAdvance('0') + 12,
                                     metrics.lineSpacing() + 12);
-  cmd_clear_ = MakeButton("CmdClear", "Clear");
-  connect(cmd_clear_, &QPushButton::clicked, this, &Frm4E::CmdClear_Click);
-  cmd_next_ = MakeButton("CmdNext", ">>");
-  connect(cmd_next_, &QPushButton::clicked, this, &Frm4E::CmdNext_Click);
+  cmd_clear_ = dialogs::MakeButton("CmdClear", "Clear");
+  connect(cmd_clear_, &QPushButton::clicked, this, Guarded([this] { CmdClear_Click(); }));
+  cmd_next_ = dialogs::MakeButton("CmdNext", ">>");
+  connect(cmd_next_, &QPushButton::clicked, this, Guarded([this] { CmdNext_Click(); }));
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(cmd_clear_);
   buttons->addStretch();
@@ -293,4 +297,4 @@ int Frm4E::SelectedCodeSet() const {
   return static_cast<int>(selected - opt_code_set_.begin());
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

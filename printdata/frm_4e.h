@@ -14,10 +14,12 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 
-namespace vantrel {
-
+namespace vantrel::dialogs {
 class DigitBox;
 class PanelBar;
+}  // namespace vantrel::dialogs
+
+namespace vantrel::printdata {
 
 // How the keys of the pad lie.
 struct KeyArrangement {
@@ -28,12 +30,12 @@ struct KeyArrangement {
 
 // Composes the data field of 4Eh into `common.DataString`. The constructor empties DataString; it
 // stays empty when the form is closed otherwise than by CmdNext.
-class Frm4E : public SubForm {
+class Frm4E : public dialogs::SubForm {
   Q_OBJECT
 
  public:
-  // `common` outlives the form.
-  explicit Frm4E(CommonVariables& common, QWidget* parent = nullptr);
+  // `common` and `guard` outlive the form.
+  Frm4E(link::CommonVariables& common, dialogs::Guard& guard, QWidget* parent = nullptr);
 
  private:
   QGroupBox* MakeBarcodeType();
@@ -59,7 +61,7 @@ class Frm4E : public SubForm {
   QFont KeyFont(const KeyArrangement& arrangement) const;
   int SelectedCodeSet() const;
 
-  CommonVariables& common_;
+  link::CommonVariables& common_;
   BarcodePad pad_;
   std::array<QRadioButton*, kBarcodeTypeCount> opt_barcode_type_;
   std::array<QRadioButton*, kCodeSetCount> opt_code_set_;
@@ -71,12 +73,12 @@ class Frm4E : public SubForm {
   QGroupBox* fra_key_;
   QComboBox* combo_start_;
   QComboBox* combo_end_;
-  DigitBox* txt_start_coordinate_;
+  dialogs::DigitBox* txt_start_coordinate_;
   QLineEdit* txt_end_coordinate_;
   QLabel* lbl_barcode_data_;
   QPushButton* cmd_clear_;
   QPushButton* cmd_next_;
-  PanelBar* status_bar_;
+  dialogs::PanelBar* status_bar_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

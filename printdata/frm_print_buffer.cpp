@@ -1,6 +1,7 @@
 #include "printdata/frm_print_buffer.h"
 
 #include "dialogs/digit_box.h"
+#include "dialogs/named_widgets.h"
 #include "dialogs/panel_bar.h"
 #include "printdata/card_diagram.h"
 #include "printdata/frames.h"
@@ -12,7 +13,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 // 6240 twips, twenty to a point, at 96 dots per inch.
@@ -20,11 +21,12 @@ constexpr int kImageExpansionHeight = 416;
 
 }  // namespace
 
-FrmPrintBuffer::FrmPrintBuffer(CommonVariables& common, Dialogs& dialogs, QWidget* parent)
-    : SubForm("FrmPrintBuffer", parent),
+FrmPrintBuffer::FrmPrintBuffer(link::CommonVariables& common, dialogs::Dialogs& dialogs,
+                               dialogs::Guard& guard, QWidget* parent)
+    : dialogs::SubForm("FrmPrintBuffer", guard, parent),
       common_(common),
       dialogs_(dialogs),
-      status_bar_(new PanelBar("StatusBarFrmPrintBuffer")) {
+      status_bar_(new dialogs::PanelBar("StatusBarFrmPrintBuffer")) {
   QGroupBox* card_direction = MakeCardDirection();
   QGroupBox* coordinate = MakeCoordinate();
   fra_print_text_ = MakePrintText();
@@ -36,7 +38,7 @@ FrmPrintBuffer::FrmPrintBuffer(CommonVariables& common, Dialogs& dialogs, QWidge
   fra_image_no_->hide();
   fra_description_[1]->hide();
 
-  auto* leave_watch = new LeaveWatch(this);
+  auto* leave_watch = new LeaveWatch(this, guard);
   leave_watch->Watch(txt_x_coordinate_, [this] { return TxtXCoordinate_LostFocus(); });
   leave_watch->Watch(txt_y_coordinate_, [this] { return TxtYCoordinate_LostFocus(); });
   leave_watch->Watch(txt_image_no_, [this] { return TxtImageNo_LostFocus(); });
@@ -51,7 +53,7 @@ QGroupBox* FrmPrintBuffer::MakeCardDirection() {
   for (int i = 0; i < 4; ++i) {
     auto* option = new QRadioButton(kCaptions[i]);
     option->setObjectName(QString("Opt_direction_%1").arg(i));
-    connect(option, &QRadioButton::clicked, this, [this, i] { Opt_direction_Click(i); });
+    connect(option, &QRadioButton::clicked, this, Guarded([this, i] { Opt_direction_Click(i); }));
     layout->addWidget(option, 0, Qt::AlignLeft);
     opt_direction_[static_cast<std::size_t>(i)] = option;
   }
@@ -64,9 +66,9 @@ QGroupBox* FrmPrintBuffer::MakeCoordinate() {
   auto* layout = new QGridLayout(frame);
   const auto add = [layout](int row, const QString& name, const QString& caption,
                             const QString& text) {
-    auto* box = new DigitBox("Txt" + name, text, DigitBox::Deleting::kDiscarded);
+    auto* box = new dialogs::DigitBox("Txt" + name, text, dialogs::DigitBox::Deleting::kDiscarded);
     box->setAccessibleName(caption);
-    layout->addWidget(MakeLabel("Lbl" + name, caption), row, 0);
+    layout->addWidget(dialogs::MakeLabel("Lbl" + name, caption), row, 0);
     layout->addWidget(box, row, 1);
     return box;
   };
@@ -87,10 +89,10 @@ QGroupBox* FrmPrintBuffer::MakePrintText() {
 
 QGroupBox* FrmPrintBuffer::MakeImageNo() {
   QGroupBox* frame = MakeFrame("FraImageNo", "Image No");
-  txt_image_no_ = new DigitBox("TxtImageNo", "0", DigitBox::Deleting::kDiscarded);
+  txt_image_no_ = new dialogs::DigitBox("TxtImageNo", "0", dialogs::DigitBox::Deleting::kDiscarded);
   txt_image_no_->setAccessibleName("Image No");
-  QPushButton* next = MakeButton("CmdNext", ">>>");
-  connect(next, &QPushButton::clicked, this, &FrmPrintBuffer::CmdNext_Click);
+  QPushButton* next = dialogs::MakeButton("CmdNext", ">>>");
+  connect(next, &QPushButton::clicked, this, Guarded([this] { CmdNext_Click(); }));
   auto* layout = new QHBoxLayout(frame);
   layout->addWidget(txt_image_no_);
   layout->addWidget(next);
@@ -103,10 +105,11 @@ QGroupBox* FrmPrintBuffer::MakeCommandButtons() {
   auto* layout = new QGridLayout(frame);
   int place = 0;
   for (const EscSequence& sequence : EscSequences()) {
-    QPushButton* button =
-        MakeButton(QString::fromStdString(sequence.name), QString::fromStdString(sequence.caption));
+    QPushButton* button = dialogs::MakeButton(QString::fromStdString(sequence.name),
+                                              QString::fromStdString(sequence.caption));
     button->setToolTip(QString::fromStdString(sequence.panel1).trimmed());
-    connect(button, &QPushButton::clicked, this, [this, &sequence] { CmdEsc_Click(sequence); });
+    connect(button, &QPushButton::clicked, this,
+            Guarded([this, &sequence] { CmdEsc_Click(sequence); }));
     layout->addWidget(button, place / kColumns, place % kColumns);
     ++place;
   }
@@ -191,7 +194,7 @@ bool FrmPrintBuffer::TxtImageNo_LostFocus() {
 bool FrmPrintBuffer::Tell(QLineEdit* field, const std::optional<RangeError>& error) {
   if (!error) return false;
   field->setFocus();
-  dialogs_.MsgBox(error->message, Buttons::kOk, error->title);
+  dialogs_.MsgBox(error->message, dialogs::Buttons::kOk, error->title);
   return true;
 }
 
@@ -221,4 +224,4 @@ void FrmPrintBuffer::SetPanelText(int panel, const std::string& text) {
   status_bar_->SetText(panel, text);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -13,22 +13,25 @@ class QGroupBox;
 class QLineEdit;
 class QRadioButton;
 
-namespace vantrel {
-
+namespace vantrel::dialogs {
 class DigitBox;
 class PanelBar;
+}  // namespace vantrel::dialogs
+
+namespace vantrel::printdata {
 
 // Composes the data field of 41h (`common.IsPrintData`) or 42h into `common.DataString`.
 //
 // After it was unloaded, DataString holds for 41h the header and a body: the body of the ESC button
 // pressed, or the print text as it was when the form was activated. For 42h it holds what
 // CmdNext composed, or, when the form was closed otherwise, what it held before.
-class FrmPrintBuffer : public SubForm, private EscForm {
+class FrmPrintBuffer : public dialogs::SubForm, private EscForm {
   Q_OBJECT
 
  public:
-  // `common` and `dialogs` outlive the form.
-  FrmPrintBuffer(CommonVariables& common, Dialogs& dialogs, QWidget* parent = nullptr);
+  // All three must outlive the form.
+  FrmPrintBuffer(link::CommonVariables& common, dialogs::Dialogs& dialogs, dialogs::Guard& guard,
+                 QWidget* parent = nullptr);
 
  protected:
   void Form_Activate() override;
@@ -58,18 +61,18 @@ class FrmPrintBuffer : public SubForm, private EscForm {
   std::string PanelText(int panel) const override;
   void SetPanelText(int panel, const std::string& text) override;
 
-  CommonVariables& common_;
-  Dialogs& dialogs_;
+  link::CommonVariables& common_;
+  dialogs::Dialogs& dialogs_;
   std::array<QRadioButton*, 4> opt_direction_;
-  DigitBox* txt_x_coordinate_;
-  DigitBox* txt_y_coordinate_;
-  DigitBox* txt_image_no_;
+  dialogs::DigitBox* txt_x_coordinate_;
+  dialogs::DigitBox* txt_y_coordinate_;
+  dialogs::DigitBox* txt_image_no_;
   QLineEdit* txt_print_;
   QGroupBox* fra_print_text_;
   QGroupBox* fra_cmd_btn_;
   QGroupBox* fra_image_no_;
   std::array<QGroupBox*, 2> fra_description_;
-  PanelBar* status_bar_;
+  dialogs::PanelBar* status_bar_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 bool IsLeaving(Qt::FocusReason reason) {
@@ -23,7 +23,8 @@ bool IsLeaving(Qt::FocusReason reason) {
 
 }  // namespace
 
-LeaveWatch::LeaveWatch(QWidget* form) : QObject(form), form_(form) {
+LeaveWatch::LeaveWatch(QWidget* form, dialogs::Guard& guard)
+    : QObject(form), form_(form), guard_(guard) {
   form->installEventFilter(this);
 }
 
@@ -61,8 +62,10 @@ void LeaveWatch::TellSoon() {
 void LeaveWatch::Tell() {
   if (telling_) return;
   telling_ = true;
-  for (QObject* box : std::exchange(left_, {}))
-    if (boxes_.at(box)()) break;
+  guard_.Run([this] {
+    for (QObject* box : std::exchange(left_, {}))
+      if (boxes_.at(box)()) break;
+  });
   telling_ = false;
 }
 
@@ -76,4 +79,4 @@ bool LeaveWatch::ClickAfterTelling(QObject* released_on) {
   return true;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

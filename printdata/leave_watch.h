@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/guard.h"
+
 #include <QObject>
 
 #include <functional>
@@ -8,7 +10,7 @@
 
 class QWidget;
 
-namespace vantrel {
+namespace vantrel::printdata {
 
 // Tells when the user leaves a text box of a form: by Tab, by a click elsewhere, or because the
 // focus was given to another control. A box that opens, a menu, another window that becomes active
@@ -24,8 +26,9 @@ class LeaveWatch : public QObject {
   // after it are then not told.
   using LostFocus = std::function<bool()>;
 
-  // Watches boxes of `form`, whose child it becomes.
-  explicit LeaveWatch(QWidget* form);
+  // Watches boxes of `form`, whose child it becomes. They are judged inside `guard`, which must
+  // outlive the form.
+  LeaveWatch(QWidget* form, dialogs::Guard& guard);
 
   void Watch(QWidget* box, LostFocus lost_focus);
 
@@ -38,9 +41,10 @@ class LeaveWatch : public QObject {
   bool ClickAfterTelling(QObject* released_on);
 
   QWidget* const form_;
+  dialogs::Guard& guard_;
   std::map<QObject*, LostFocus> boxes_;
   std::vector<QObject*> left_;  // in the order of leaving
   bool telling_ = false;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

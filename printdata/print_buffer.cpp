@@ -2,13 +2,13 @@
 
 #include "link/typed_number.h"
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 constexpr int kLastImageNo = 1999;
 
 bool IsWithin(std::string_view text, int last) {
-  const double value = LeadingNumber(text);
+  const double value = link::LeadingNumber(text);
   return value >= 0 && value <= last;
 }
 
@@ -45,4 +45,4 @@ std::optional<RangeError> CheckImageNo(std::string_view text) {
                     "corresponding image, a rejected response will be issued"};
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::printdata {
 
 // What the form of 41h and 42h holds, as typed: no padding, no leading zeros added or removed, an
 // empty field stays empty.
@@ -41,4 +41,4 @@ std::optional<RangeError> CheckCoordinate(Axis axis, std::string_view text,
                                           std::string_view direction);
 std::optional<RangeError> CheckImageNo(std::string_view text);
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -4,8 +4,11 @@
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libfreetype-dev libzint-dev)
 # What a window needs to run and to show text, and the fonts of the printed cards.
 RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback fonts-terminus-otb fonts-unifont)
-TEST_PACKAGES=(libgtest-dev libgmock-dev)
-CHECK_PACKAGES=(clang-format)
+TEST_PACKAGES=(libgtest-dev libgmock-dev man-db mandoc python3 tshark wireshark-common zbar-tools)
+# For .ci/run: what checks the sources, the packaging files and the programs, and the benchmarks' and fuzz targets' own.
+CHECK_PACKAGES=(appstream binutils clang-format clang-tidy desktop-file-utils git mandoc)
+BENCH_PACKAGES=(libbenchmark-dev)
+FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 
 # require_packages PACKAGE...: installs those that are missing and says which. Ends the script with a clear message when
 # that is not possible.

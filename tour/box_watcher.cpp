@@ -7,7 +7,7 @@
 
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::tour {
 
 BoxWatcher::BoxWatcher() {
   QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
@@ -78,4 +78,4 @@ void TypeAndPressOk(QDialog& box, const QString& text) {
   PressButton(box, "OK");
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::tour

@@ -8,7 +8,7 @@
 #include <deque>
 #include <functional>
 
-namespace vantrel {
+namespace vantrel::tour {
 
 // Answers the boxes and forms that open over the console, as a person would: each as it comes, by
 // its own buttons.
@@ -43,4 +43,4 @@ void TypeInto(QDialog& form, const char* name, const QString& text);
 // Types `text` over what the box's text field holds and presses OK.
 void TypeAndPressOk(QDialog& box, const QString& text);
 
-}  // namespace vantrel
+}  // namespace vantrel::tour

@@ -13,7 +13,7 @@
 #include <iostream>
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::tour {
 namespace {
 
 constexpr int kMoment =
@@ -21,14 +21,17 @@ constexpr int kMoment =
 
 }  // namespace
 
-Tour::Tour(const QString& folder)
+Tour::Tour(const QString& folder, dialogs::Guard& guard)
     : folder_(folder),
+      fonts_(printer::SystemFontFolder()),
+      model_(fonts_, link::SystemCodePage()),
       server_(model_),
       printer_(model_, server_, files_),
-      port_(
-          [this](int number) { return number == 1 ? server_.DevicePath() : SystemDevice(number); }),
-      console_(port_, dialogs_, SystemTimeOf(QLocale::system()), SystemCodePage(),
-               [](int status) { std::_Exit(status); }) {
+      port_([this](int number) {
+        return number == 1 ? server_.DevicePath() : link::SystemDevice(number);
+      }),
+      console_(port_, dialogs_, guard, console::SystemTimeOf(QLocale::system()),
+               link::SystemCodePage(), [](int status) { std::_Exit(status); }) {
   if (!folder_.mkpath("."))
     throw std::runtime_error("The folder " + folder.toStdString() + " cannot be made.");
   model_.SetTrack(0, "VANTREL SAMPLE CARD");
@@ -166,7 +169,7 @@ void Tour::PrintCard() {
   Press("Cmd48");
   Type("", "0");
   Press("Cmd46");
-  const Bitmap& face = model_.State().card.face;
+  const printer::Bitmap& face = model_.State().card.face;
   QImage card(face.Width(), face.Height(), QImage::Format_Mono);
   card.fill(1);
   for (int y = 0; y < face.Height(); ++y)
@@ -230,4 +233,4 @@ void Tour::Type(const QString& picture, const QString& text) {
   });
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::tour

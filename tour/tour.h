@@ -2,11 +2,11 @@
 
 #include "console/frm_vantrel.h"
 #include "dialogs/window_dialogs.h"
+#include "dialogs/window_file_chooser.h"
 #include "link/serial_port.h"
-#include "printer/frm_printer.h"
-#include "printer/printer_model.h"
-#include "printer/printer_server.h"
-#include "printer/window_file_chooser.h"
+#include "printer/model/printer_model.h"
+#include "printer/service/printer_server.h"
+#include "printer/window/frm_printer.h"
 #include "tour/box_watcher.h"
 
 #include <QDir>
@@ -14,15 +14,16 @@
 #include <functional>
 #include <string>
 
-namespace vantrel {
+namespace vantrel::tour {
 
 // A walk through the console with a software printer on a pseudo-terminal: presses buttons, answers
 // what they ask, prints what was sent, what came back and what it means, and takes pictures of the
 // windows.
 class Tour {
  public:
-  // Pictures go to `folder`, which is made when it is missing.
-  explicit Tour(const QString& folder);
+  // Pictures go to `folder`, which is made when it is missing. `guard` is the console's and must
+  // outlive the tour.
+  Tour(const QString& folder, dialogs::Guard& guard);
 
   // Throws PortError or std::runtime_error when a step cannot be taken.
   void Run();
@@ -50,14 +51,15 @@ class Tour {
   void PrintCard();
 
   const QDir folder_;
-  PrinterModel model_;
-  PrinterServer server_;
-  WindowFileChooser files_;
-  FrmPrinter printer_;
-  WindowDialogs dialogs_;
-  SerialPort port_;
-  FrmVantrel console_;
+  printer::Fonts fonts_;
+  printer::PrinterModel model_;
+  printer::PrinterServer server_;
+  dialogs::WindowFileChooser files_;
+  printer::FrmPrinter printer_;
+  dialogs::WindowDialogs dialogs_;
+  link::SerialPort port_;
+  console::FrmVantrel console_;
   BoxWatcher boxes_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::tour

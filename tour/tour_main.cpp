@@ -9,10 +9,10 @@
 namespace {
 
 // A tour that has gone wrong in an event handler ends like one that has gone wrong elsewhere.
-class TellingDialogs : public vantrel::Dialogs {
+class TellingDialogs : public vantrel::dialogs::Dialogs {
  public:
-  vantrel::Answer MsgBox(const std::string& prompt, vantrel::Buttons, const std::string& title,
-                         vantrel::Icon) override {
+  vantrel::dialogs::Answer MsgBox(const std::string& prompt, vantrel::dialogs::Buttons,
+                                  const std::string& title, vantrel::dialogs::Icon) override {
     std::cerr << "vantrel-tour: " << title << ": " << prompt << "\n";
     std::_Exit(EXIT_FAILURE);
   }
@@ -36,10 +36,10 @@ int main(int argc, char** argv) {
   });
   std::cout << std::unitbuf;  // each exchange is to be seen when it happens
   TellingDialogs dialogs;
-  vantrel::GuardedApplication application(argc, argv, dialogs,
-                                          [](int status) { std::_Exit(status); });
+  vantrel::console::GuardedApplication application(argc, argv, dialogs,
+                                                   [](int status) { std::_Exit(status); });
   try {
-    vantrel::Tour(QString::fromLocal8Bit(argv[1])).Run();
+    vantrel::tour::Tour(QString::fromLocal8Bit(argv[1]), application).Run();
     return EXIT_SUCCESS;
   } catch (const std::exception& error) {
     std::cerr << "vantrel-tour: " << error.what() << "\n";

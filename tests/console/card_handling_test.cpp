@@ -2,7 +2,7 @@
 
 #include "tests/console/command_fixture.h"
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 using testing::ElementsAre;
@@ -75,36 +75,36 @@ class Settings : public CommandFixture {
  protected:
   void ExpectUntouched() const {
     ExpectNothingSent();
-    EXPECT_THAT(log, ElementsAre("box: Warning Message"));
+    EXPECT_THAT(log.Lines(), ElementsAre("box: Warning Message"));
     EXPECT_EQ(Hints(), "old hints");
     EXPECT_EQ(Panel1(), "old panel 1");
     EXPECT_EQ(Panel2(), "old panel 2");
   }
   // Answers the warning of 91h with Yes, types this and presses the button.
   void Set91(const std::string& typed) {
-    dialogs.Answers(Answer::kYes);
+    dialogs.Answers(dialogs::Answer::kYes);
     dialogs.Types(typed);
     Press("Cmd91");
   }
 };
 
 TEST_F(Settings, Cmd5BNoAtTheWarningLeavesEverythingUntouched) {
-  dialogs.Answers(Answer::kNo, [this] { EXPECT_EQ(Hints(), "old hints"); });
+  dialogs.Answers(dialogs::Answer::kNo, [this] { EXPECT_EQ(Hints(), "old hints"); });
   Press("Cmd5B");
   EXPECT_EQ(dialogs.Last().prompt,
             "The volatile memory writing life is approximately one million times.\r\n"
             "The expected life will be reached by frequent use of 5Bh command which can cause "
             "problems in the operation of the rewrite card R/W.\r\n"
             "Will you continuously proceed this command?");
-  EXPECT_EQ(dialogs.Last().buttons, Buttons::kYesNo);
-  EXPECT_EQ(dialogs.Last().icon, Icon::kNone);
+  EXPECT_EQ(dialogs.Last().buttons, dialogs::Buttons::kYesNo);
+  EXPECT_EQ(dialogs.Last().icon, dialogs::Icon::kNone);
   ExpectUntouched();
 }
 
 TEST_F(Settings, Cmd5BYesThenYesSends31hAndShowsResetPrinter) {
-  dialogs.Answers(Answer::kYes);
-  dialogs.Answers(Answer::kYes);
-  dialogs.Answers(Answer::kOk, [this] {
+  dialogs.Answers(dialogs::Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kOk, [this] {
     // Shown after the exchange.
     EXPECT_THAT(Frames(), ElementsAre("025B310369"));
     EXPECT_EQ(Response(), "02 5B 20 03 78 ");
@@ -116,58 +116,58 @@ TEST_F(Settings, Cmd5BYesThenYesSends31hAndShowsResetPrinter) {
                           std::string("Panel1 = ") + kCleaning,
                           std::string("Panel2 = ") + kSwitchOff, "box: Please select"));
   ASSERT_EQ(dialogs.All().size(), 3U);
-  const ScriptedDialogs::Shown& choice = dialogs.All()[1];
+  const support::ScriptedDialogs::Shown& choice = dialogs.All()[1];
   EXPECT_EQ(choice.prompt,
             "Press 'Yes' to enable the cleaning button OR\r\n"
             "Press 'NO' to disable the cleaning button");
-  EXPECT_EQ(choice.buttons, Buttons::kYesNo);
-  EXPECT_EQ(choice.icon, Icon::kNone);
-  EXPECT_THAT(port.Exchanges(),
+  EXPECT_EQ(choice.buttons, dialogs::Buttons::kYesNo);
+  EXPECT_EQ(choice.icon, dialogs::Icon::kNone);
+  EXPECT_THAT(printer.Exchanges(),
               ElementsAre(Exchange{"025B310369", 5000, kHints5B, kCleaning, kSwitchOff, false}));
   EXPECT_EQ(Hints(), std::string(kHints5B) + "\r\n20h: Normal Status");
   EXPECT_EQ(dialogs.Last().title, "Reset Printer");
   EXPECT_EQ(dialogs.Last().prompt,
             "Please turn off the power and restart the printer to initialize the new setting!");
-  EXPECT_EQ(dialogs.Last().buttons, Buttons::kOk);
-  EXPECT_EQ(dialogs.Last().icon, Icon::kExclamation);
+  EXPECT_EQ(dialogs.Last().buttons, dialogs::Buttons::kOk);
+  EXPECT_EQ(dialogs.Last().icon, dialogs::Icon::kExclamation);
 }
 
 TEST_F(Settings, Cmd5BYesThenNoSends30hAndShowsNothingMore) {
-  dialogs.Answers(Answer::kYes);
-  dialogs.Answers(Answer::kNo);
+  dialogs.Answers(dialogs::Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kNo);
   Press("Cmd5B");
-  EXPECT_THAT(port.Exchanges(),
+  EXPECT_THAT(printer.Exchanges(),
               ElementsAre(Exchange{"025B300368", 5000, kHints5B, kCleaning, kSwitchOff, false}));
   EXPECT_EQ(dialogs.Last().title, "Please select");
 }
 
 TEST_F(Settings, Cmd5BRemindsOfTheRestartWhateverTheReplyWas) {
-  dialogs.Answers(Answer::kYes);
-  dialogs.Answers(Answer::kYes);
-  dialogs.Answers(Answer::kOk);
-  port.StaysSilent();
+  dialogs.Answers(dialogs::Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kOk);
+  printer.StaysSilent();
   Press("Cmd5B");
   EXPECT_EQ(Response(), "Time up! ");
   EXPECT_EQ(dialogs.Last().title, "Reset Printer");
 }
 
 TEST_F(Settings, Cmd5BOnAPortThatFailsShowsNoReminder) {
-  dialogs.Answers(Answer::kYes);
-  dialogs.Answers(Answer::kYes);
-  port.Fails();
-  EXPECT_THROW(Press("Cmd5B"), PortError);
+  dialogs.Answers(dialogs::Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kYes);
+  port.FailNextWrite();
+  EXPECT_THROW(Press("Cmd5B"), link::PortError);
   EXPECT_EQ(dialogs.Last().title, "Please select");
 }
 
 TEST_F(Settings, Cmd91NoAtTheWarningLeavesEverythingUntouched) {
-  dialogs.Answers(Answer::kNo);
+  dialogs.Answers(dialogs::Answer::kNo);
   Press("Cmd91");
   EXPECT_EQ(dialogs.Last().prompt,
             "The volatile memory writing life is approximately one million times.\r\n"
             "The expected life will be reached by frequent use of 91h command which can cause "
             "problems in the operation of the rewrite card R/W.\r\n"
             "Will you continuously proceed this command?");
-  EXPECT_EQ(dialogs.Last().buttons, Buttons::kYesNo);
+  EXPECT_EQ(dialogs.Last().buttons, dialogs::Buttons::kYesNo);
   ExpectUntouched();
 }
 
@@ -179,7 +179,7 @@ TEST_F(Settings, Cmd91WithReply21SendsItAsTyped) {
                           std::string("Panel1 = ") + kCleaning, "Panel2 = ", "input: 91h Command"));
   EXPECT_EQ(dialogs.Last().prompt, "Input the paremeter");
   EXPECT_EQ(dialogs.Last().default_text, "");
-  EXPECT_THAT(port.Exchanges(),
+  EXPECT_THAT(printer.Exchanges(),
               ElementsAre(Exchange{"029132310391", 5000, kHints91, kCleaning, "", false}));
   EXPECT_EQ(Hints(), std::string(kHints91) + "\r\n20h: Normal Status");
   EXPECT_EQ(Panel1(), "");
@@ -209,7 +209,7 @@ TEST_F(Settings, Cmd91SendsAnyOtherTextAsTyped) {
 class CardHandlingEdges : public CommandFixture {};
 
 TEST_F(CardHandlingEdges, Cmd52WaitsUpTo60000) {
-  port.StaysSilent();
+  printer.StaysSilent();
   Press("cmd52");
   EXPECT_EQ(Response(), "Time up! ");
   EXPECT_GE(clock.Now(), 60000);
@@ -223,4 +223,4 @@ TEST_F(CardHandlingEdges, Cmd95EndsIn96hAndCmd96In95h) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -1,5 +1,6 @@
 // What the console form shows, its menus, its boxes.
 
+#include "console/command_table.h"
 #include "tests/support/console_fixture.h"
 
 #include <QAction>
@@ -8,10 +9,10 @@
 #include <QRegularExpression>
 #include <QTest>
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
-class FrmVantrelTest : public ConsoleTest {};
+class FrmVantrelTest : public support::ConsoleTest {};
 
 TEST_F(FrmVantrelTest, ShowsItsCaptionsAndEmptyBoxes) {
   Load();
@@ -43,13 +44,13 @@ TEST_F(FrmVantrelTest, EveryCaptionIsReadableAtEveryWindowSize) {
     form_->resize(size);
     ASSERT_TRUE(QTest::qWaitFor([&] { return form_->size() == size; }));
     QCoreApplication::processEvents();
-    int count = 0;
+    std::size_t count = 0;
     for (auto* button : form_->findChildren<QPushButton*>(QRegularExpression("^[Cc]md[0-9]"))) {
       EXPECT_LE(button->heightForWidth(button->width()), button->height())
           << button->text().toStdString() << " at " << size.width();
       ++count;
     }
-    EXPECT_EQ(count, 48);
+    EXPECT_EQ(count, Commands().size());
   }
 }
 
@@ -96,12 +97,12 @@ TEST_F(FrmVantrelTest, MenusHoldPortsAndSpeeds) {
 
 TEST_F(FrmVantrelTest, AboutNamesTheVersionAndTheContact) {
   Load();
-  dialogs_.Answers(Answer::kOk);
+  dialogs_.Answers(dialogs::Answer::kOk);
   Choose("Mnu_About");
   EXPECT_EQ(dialogs_.Last().title, "Orvel QL-7/QL-8 series Command Demonstration - Version 1.01");
   EXPECT_TRUE(dialogs_.Last().prompt.starts_with(
       "If you need further information or source code, please contact us at \r\n"));
-  EXPECT_EQ(dialogs_.Last().buttons, Buttons::kOk);
+  EXPECT_EQ(dialogs_.Last().buttons, dialogs::Buttons::kOk);
 }
 
 TEST_F(FrmVantrelTest, LoadingOpensPort1) {
@@ -110,7 +111,7 @@ TEST_F(FrmVantrelTest, LoadingOpensPort1) {
 }
 
 TEST_F(FrmVantrelTest, ChoosingCom2ThenASpeedOpensPort2) {
-  PtyPeer second;
+  support::PtyPeer second;
   second_device_ = second.Device();
   Load();
   Choose("Mnu_COM2");
@@ -118,7 +119,7 @@ TEST_F(FrmVantrelTest, ChoosingCom2ThenASpeedOpensPort2) {
   EXPECT_TRUE(IsChecked("Mnu_COM2"));
   Choose("Mnu_9600bps");
   EXPECT_TRUE(port_.IsOpen());
-  second.OnFrame([&](const std::string&) { second.Send(PtyPeer::Reply("58")); });
+  second.OnFrame([&](const std::string&) { second.Send(support::PtyPeer::Reply("58")); });
   Press("Cmd58");
   EXPECT_EQ(second.Frames(), std::vector<std::string>{"0258035B"});
   EXPECT_TRUE(Frames().empty());
@@ -132,10 +133,11 @@ TEST_F(FrmVantrelTest, ChoosingCom2AloneLeavesThePortClosed) {
 
 TEST_F(FrmVantrelTest, ChoosingASpeedWhileThePortIsOpenDoesNotCloseIt) {
   Load();
+  const int closings = port_.closings;
   Choose("Mnu_2400bps");
-  EXPECT_TRUE(port_.IsOpen());
   EXPECT_TRUE(IsChecked("Mnu_2400bps"));
   Choose("Mnu_38400bps");
+  EXPECT_EQ(port_.closings, closings);
   EXPECT_TRUE(port_.IsOpen());
   EXPECT_FALSE(IsChecked("Mnu_2400bps"));
   EXPECT_TRUE(IsChecked("Mnu_38400bps"));
@@ -168,7 +170,7 @@ TEST_F(FrmVantrelTest, KeyboardFocusDoesNotSlipToAButtonThatStaysEnabled) {
   QWidget* focused_meanwhile = nullptr;
   peer_.OnFrame([&](const std::string&) {
     focused_meanwhile = form_->focusWidget();
-    peer_.Send(PtyPeer::Reply("58"));
+    peer_.Send(support::PtyPeer::Reply("58"));
   });
   QTest::keyClick(Button("Cmd58"), Qt::Key_Space);
   EXPECT_EQ(qobject_cast<QPushButton*>(focused_meanwhile), nullptr);
@@ -176,4 +178,4 @@ TEST_F(FrmVantrelTest, KeyboardFocusDoesNotSlipToAButtonThatStaysEnabled) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -2,7 +2,7 @@
 
 #include "tests/console/command_fixture.h"
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 using testing::ElementsAre;
@@ -41,8 +41,8 @@ TEST_P(Launchers, ShowTheirFormInPlaceOfTheConsoleAndSendWhatItLeft) {
               ElementsAre("LblHints = " + hints, std::string("Panel1 = ") + launch.panel1,
                           std::string("Panel2 = ") + launch.panel2, "hide console",
                           std::string("show ") + launch.form, "show console"));
-  EXPECT_THAT(port.Exchanges(), ElementsAre(Exchange{launch.frame, 5000, hints, launch.panel1,
-                                                     launch.panel2, false}));
+  EXPECT_THAT(printer.Exchanges(), ElementsAre(Exchange{launch.frame, 5000, hints, launch.panel1,
+                                                        launch.panel2, false}));
   EXPECT_EQ(Hints(), hints + "\r\n20h: Normal Status");
   EXPECT_EQ(Panel1(), launch.panel1_after);
   EXPECT_EQ(Panel2(), launch.panel2_after);
@@ -57,8 +57,8 @@ TEST_P(Launchers, SendWhateverDataStringHoldsEvenNothing) {
 }
 
 TEST_P(Launchers, DoNothingMoreAfterAPortFailure) {
-  port.Fails();
-  EXPECT_THROW(Press(GetParam().button), PortError);
+  port.FailNextWrite();
+  EXPECT_THROW(Press(GetParam().button), link::PortError);
   EXPECT_EQ(Panel1(), "");
   EXPECT_EQ(Panel2(), "");
   EXPECT_TRUE(display.ButtonsEnabled());
@@ -126,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(
 class LauncherEdges : public CommandFixture {
  protected:
   // What the form finds in `variable` when this button shows it; `before` is what stood there.
-  bool Finds(const char* button, bool CommonVariables::*variable, bool before) {
+  bool Finds(const char* button, bool link::CommonVariables::*variable, bool before) {
     common.*variable = before;
     bool found = before;
     sub_forms.meanwhile = [&] { found = common.*variable; };
@@ -136,16 +136,16 @@ class LauncherEdges : public CommandFixture {
 };
 
 TEST_F(LauncherEdges, FormsFindTheirMode) {
-  EXPECT_TRUE(Finds("Cmd41", &CommonVariables::IsPrintData, false));
-  EXPECT_FALSE(Finds("Cmd42", &CommonVariables::IsPrintData, true));
-  EXPECT_FALSE(Finds("Cmd43", &CommonVariables::IsBlockMode, true));
-  EXPECT_TRUE(Finds("Cmd4D", &CommonVariables::IsBlockMode, false));
-  EXPECT_TRUE(Finds("Cmd44", &CommonVariables::IsDoubleByteFont, false));
-  EXPECT_FALSE(Finds("Cmd45", &CommonVariables::IsDoubleByteFont, true));
+  EXPECT_TRUE(Finds("Cmd41", &link::CommonVariables::IsPrintData, false));
+  EXPECT_FALSE(Finds("Cmd42", &link::CommonVariables::IsPrintData, true));
+  EXPECT_FALSE(Finds("Cmd43", &link::CommonVariables::IsBlockMode, true));
+  EXPECT_TRUE(Finds("Cmd4D", &link::CommonVariables::IsBlockMode, false));
+  EXPECT_TRUE(Finds("Cmd44", &link::CommonVariables::IsDoubleByteFont, false));
+  EXPECT_FALSE(Finds("Cmd45", &link::CommonVariables::IsDoubleByteFont, true));
 }
 
 TEST_F(LauncherEdges, Cmd44ShowsItsLastGuidanceAfterATimeUpToo) {
-  port.StaysSilent();
+  printer.StaysSilent();
   Press("Cmd44");
   EXPECT_EQ(Response(), "Time up! ");
   EXPECT_EQ(Panel1(), kExpand);
@@ -169,7 +169,7 @@ TEST_F(LauncherEdges, Cmd4EKeepsPanel2WhileItsFormIsShownAndWhileItWaits) {
       BeforeExchange(),
       ElementsAre("LblHints = " + hints, "Panel1 = Barcode Data Setting Command", "hide console",
                   "show Frm4E: 4Eh Barcode Data Setting command", "show console"));
-  EXPECT_THAT(port.Exchanges(),
+  EXPECT_THAT(printer.Exchanges(),
               ElementsAre(Exchange{"024E3130302C3230302C32037C", 5000, hints,
                                    "Barcode Data Setting Command", "old panel 2", false}));
   EXPECT_EQ(Hints(), hints + "\r\n20h: Normal Status");
@@ -197,7 +197,7 @@ TEST_F(LauncherEdges, Cmd5AShowsItsFormOverTheConsoleAndSendsHexTextAsItIs) {
   EXPECT_THAT(BeforeExchange(), ElementsAre(std::string("LblHints = ") + kHints5A,
                                             "Panel1 = ", "Panel2 = ", "show Frm5A"));
   // 5Ah ^ 20h ^ 31h ^ 20h ^ 03h = 68h.
-  EXPECT_THAT(port.Exchanges(),
+  EXPECT_THAT(printer.Exchanges(),
               ElementsAre(Exchange{"025A2031200368", 5000, kHints5A, "", "", false}));
   EXPECT_EQ(Hints(), std::string(kHints5A) + "\r\n20h: Normal Status");
 }
@@ -212,4 +212,4 @@ TEST_F(LauncherEdges, Cmd5AClosedWithoutAChoiceSendsNothing) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -4,7 +4,7 @@
 
 #include "tests/console/command_fixture.h"
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 using testing::ElementsAre;
@@ -34,10 +34,10 @@ class DataSets : public CommandFixture, public testing::WithParamInterface<DataS
     return {frame, 5000, GetParam().hints, GetParam().panel1, "Send 31h or 32h to write the data",
             false};
   }
-  Log TextsAnd(std::initializer_list<std::string> boxes) const {
-    Log lines = {"LblHints = " + std::string(GetParam().hints),
-                 "Panel1 = " + std::string(GetParam().panel1),
-                 "Panel2 = Send 31h or 32h to write the data"};
+  std::vector<std::string> TextsAnd(std::initializer_list<std::string> boxes) const {
+    std::vector<std::string> lines = {"LblHints = " + std::string(GetParam().hints),
+                                      "Panel1 = " + std::string(GetParam().panel1),
+                                      "Panel2 = Send 31h or 32h to write the data"};
     lines.insert(lines.end(), boxes);
     return lines;
   }
@@ -52,30 +52,30 @@ class DataSets : public CommandFixture, public testing::WithParamInterface<DataS
 };
 
 TEST_P(DataSets, SendTheSampleWhenTheUserDeclinesToType) {
-  dialogs.Answers(Answer::kNo);
+  dialogs.Answers(dialogs::Answer::kNo);
   Press(GetParam().button);
   EXPECT_THAT(BeforeExchange(), testing::ElementsAreArray(TextsAnd({"box: " + question})));
   EXPECT_EQ(dialogs.Last().prompt, "Do you want to input the data?");
-  EXPECT_EQ(dialogs.Last().buttons, Buttons::kYesNo);
-  EXPECT_EQ(dialogs.Last().icon, Icon::kNone);
-  EXPECT_THAT(port.Exchanges(), ElementsAre(Waiting(GetParam().sample_frame)));
+  EXPECT_EQ(dialogs.Last().buttons, dialogs::Buttons::kYesNo);
+  EXPECT_EQ(dialogs.Last().icon, dialogs::Icon::kNone);
+  EXPECT_THAT(printer.Exchanges(), ElementsAre(Waiting(GetParam().sample_frame)));
   ExpectNormalStatusAndEmptyPanels();
 }
 
 TEST_P(DataSets, SendWhatIsTyped) {
-  dialogs.Answers(Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kYes);
   dialogs.Types(GetParam().typed);
   Press(GetParam().button);
   EXPECT_THAT(BeforeExchange(),
               testing::ElementsAreArray(TextsAnd({"box: " + question, "input: " + input})));
   EXPECT_EQ(dialogs.Last().prompt, prompt);
   EXPECT_EQ(dialogs.Last().default_text, "");
-  EXPECT_THAT(port.Exchanges(), ElementsAre(Waiting(GetParam().typed_frame)));
+  EXPECT_THAT(printer.Exchanges(), ElementsAre(Waiting(GetParam().typed_frame)));
   ExpectNormalStatusAndEmptyPanels();
 }
 
 TEST_P(DataSets, AskAgainEmptyAndSilentAfterARefusedText) {
-  dialogs.Answers(Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kYes);
   dialogs.Types(GetParam().refused);
   dialogs.Types(GetParam().typed);
   Press(GetParam().button);
@@ -87,7 +87,7 @@ TEST_P(DataSets, AskAgainEmptyAndSilentAfterARefusedText) {
 }
 
 TEST_P(DataSets, SendTheSampleAfterCancel) {
-  dialogs.Answers(Answer::kYes);
+  dialogs.Answers(dialogs::Answer::kYes);
   dialogs.CancelsInput();
   Press(GetParam().button);
   EXPECT_THAT(Frames(), ElementsAre(GetParam().sample_frame));
@@ -174,7 +174,7 @@ class DataSetEdges : public CommandFixture {
  protected:
   // Types these texts into the input box of the command, one after the other.
   void Type(std::string_view button, std::initializer_list<const char*> texts) {
-    dialogs.Answers(Answer::kYes);
+    dialogs.Answers(dialogs::Answer::kYes);
     for (const char* text : texts) dialogs.Types(text);
     Press(button);
   }
@@ -185,7 +185,7 @@ class DataSetEdges : public CommandFixture {
 };
 
 TEST_F(DataSetEdges, Cmd3BAnsweredNoSendsDateAndTimeWithin5000) {
-  dialogs.Answers(Answer::kNo);
+  dialogs.Answers(dialogs::Answer::kNo);
   Press("Cmd3B");
   EXPECT_THAT(Frames(), ElementsAre("023B"
                                     "545241434B3120444154412020202020444154453A20"  // up to DATE:
@@ -193,13 +193,13 @@ TEST_F(DataSetEdges, Cmd3BAnsweredNoSendsDateAndTimeWithin5000) {
                                     "202020202054494D453A20"                        // TIME:
                                     "32313A30353A3033"                              // 21:05:03
                                     "0374"));
-  EXPECT_EQ(clock.TimeLimit(), 5000);
+  EXPECT_EQ(printer.Exchanges().back().time_limit, 5000);
 }
 
 TEST_F(DataSetEdges, SamplesOf3ChAnd3DhFillTheirTracksAndThatOf36hAnd39hStaysBelow69) {
   std::vector<std::size_t> lengths;
   for (const char* button : {"Cmd3C", "Cmd3D", "Cmd36", "Cmd39"}) {
-    dialogs.Answers(Answer::kNo);
+    dialogs.Answers(dialogs::Answer::kNo);
     Press(button);
     // STX, command, ETX and block check are four bytes.
     lengths.push_back(Frames().back().size() / 2 - 4);
@@ -208,7 +208,7 @@ TEST_F(DataSetEdges, SamplesOf3ChAnd3DhFillTheirTracksAndThatOf36hAnd39hStaysBel
 }
 
 TEST_F(DataSetEdges, Cmd3DAnsweredNoSends32h104Times) {
-  dialogs.Answers(Answer::kNo);
+  dialogs.Answers(dialogs::Answer::kNo);
   Press("Cmd3D");
   std::string twos;
   for (int i = 0; i < 104; ++i) twos += "32";
@@ -269,7 +269,7 @@ TEST_F(DataSetEdges, LengthIsLeftToThePrinter) {
 }
 
 TEST_F(DataSetEdges, SampleIsComposedWhenTheButtonIsClicked) {
-  dialogs.Answers(Answer::kYes, [this] { date.local = "21.11.26"; });
+  dialogs.Answers(dialogs::Answer::kYes, [this] { date.local = "21.11.26"; });
   dialogs.Types("", [this] { date.local = "22.11.26"; });
   Press("Cmd35");
   EXPECT_THAT(Frames(),
@@ -277,8 +277,9 @@ TEST_F(DataSetEdges, SampleIsComposedWhenTheButtonIsClicked) {
 }
 
 TEST_F(DataSetEdges, PromptHoldsThePanelAsItStandsAtThatMoment) {
-  dialogs.Answers(Answer::kYes, [this] { display.SetText(Field::Panel1, "changed meanwhile"); });
-  dialogs.Types("?", [this] { display.SetText(Field::Panel1, "changed again"); });
+  dialogs.Answers(dialogs::Answer::kYes,
+                  [this] { display.SetText(link::Field::Panel1, "changed meanwhile"); });
+  dialogs.Types("?", [this] { display.SetText(link::Field::Panel1, "changed again"); });
   dialogs.Types("1");
   Press("Cmd3C");
   EXPECT_THAT(PromptsOf("Track 2 - Magnetic Stripe"),
@@ -293,4 +294,4 @@ TEST_F(DataSetEdges, NumbersAreTextLikeAnyOther) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -2,7 +2,7 @@
 
 #include "tests/console/command_fixture.h"
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 using testing::Contains;
@@ -39,7 +39,7 @@ TEST_F(MagneticWrite, Cmd31WithoutNineLeadingBlanksBecauseThatIsMeant) {
   EXPECT_THAT(BeforeExchange(),
               ElementsAre(std::string("LblHints = ") + kHints31, std::string("Panel1 = ") + kPreset,
                           std::string("Panel2 = ") + kCancel, std::string("input: ") + kTitle));
-  EXPECT_THAT(port.Exchanges(),
+  EXPECT_THAT(printer.Exchanges(),
               ElementsAre(Exchange{"0231320300", 20000, kHints31, kPreset, kCancel, false}));
   EXPECT_EQ(Hints(), std::string(kHints31) + "\r\n20h: Normal Status");
   EXPECT_EQ(Panel1(), "");
@@ -52,7 +52,7 @@ TEST_F(MagneticWrite, Cmd32SetsItsPanelsBeforeTheHintsBecauseThatIsMeant) {
   EXPECT_THAT(BeforeExchange(), ElementsAre(std::string("Panel1 = ") + kPreset,
                                             "Panel2 = ", std::string("LblHints = ") + kHints32,
                                             std::string("input: ") + kTitle));
-  EXPECT_THAT(port.Exchanges(),
+  EXPECT_THAT(printer.Exchanges(),
               ElementsAre(Exchange{"0232320303", 20000, kHints32, kPreset, "", false}));
   EXPECT_EQ(Hints(), std::string(kHints32) + "\r\n20h: Normal Status");
   EXPECT_EQ(Panel1(), "");
@@ -62,7 +62,7 @@ TEST_F(MagneticWrite, Cmd32SetsItsPanelsBeforeTheHintsBecauseThatIsMeant) {
 TEST_F(MagneticWrite, Cmd32NeverShowsTheCancelHintAndLeavesPanel2Empty) {
   dialogs.Types("7", [this] { EXPECT_EQ(Panel2(), ""); });
   Press("Cmd32");
-  EXPECT_THAT(log, Each(Not(HasSubstr("Press '54h'"))));
+  EXPECT_THAT(log.Lines(), Each(Not(HasSubstr("Press '54h'"))));
   EXPECT_EQ(Panel2(), "");
 }
 
@@ -85,7 +85,7 @@ TEST_F(MagneticWrite, Choice1ShowsWriteDataToTrack1WhileItWaits) {
   dialogs.Types("1");
   Press("Cmd32");
   EXPECT_THAT(
-      port.Exchanges(),
+      printer.Exchanges(),
       ElementsAre(Exchange{"0231310303", 20000, kHints31, "Write Data to Track 1", kCancel, false},
                   Exchange{"0232310300", 20000, kHints32, "Write Data to Track 1", "", false}));
 }
@@ -97,7 +97,7 @@ TEST_F(MagneticWrite, OnlyTheChoice1ShowsWriteDataToTrack1) {
     Press("Cmd31");
   }
   EXPECT_THAT(
-      port.Exchanges(),
+      printer.Exchanges(),
       ElementsAre(Exchange{"0231310303", 20000, kHints31, "Write Data to Track 1", kCancel, false},
                   Exchange{"0231310303", 20000, kHints31, kPreset, kCancel, false}));
 }
@@ -149,7 +149,7 @@ TEST_F(MagneticWrite, Cmd31With7Sends37hAndWaits20000) {
   dialogs.Types("7");
   Press("Cmd31");
   EXPECT_THAT(Frames(), ElementsAre("0231370305"));
-  EXPECT_THAT(log, Contains("limit 20000"));
+  EXPECT_EQ(printer.Exchanges().back().time_limit, 20000);
 }
 
 TEST_F(MagneticWrite, Cmd31With10Sends31h) {
@@ -159,4 +159,4 @@ TEST_F(MagneticWrite, Cmd31With10Sends31h) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

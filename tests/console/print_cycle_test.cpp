@@ -2,7 +2,7 @@
 
 #include "tests/console/command_fixture.h"
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 using testing::Each;
@@ -62,7 +62,7 @@ TEST_P(Discharges, AskForTheMethodAndSendIt) {
                           std::string("Panel2 = ") + kCancel, "input: Discharge method"));
   EXPECT_EQ(dialogs.Last().prompt, kMethodPrompt);
   EXPECT_EQ(dialogs.Last().default_text, "1");
-  EXPECT_THAT(port.Exchanges(),
+  EXPECT_THAT(printer.Exchanges(),
               ElementsAre(Exchange{GetParam().frame_by_2, 30000, hints, panel1, kCancel, false}));
   EXPECT_EQ(Hints(), hints + "\r\n20h: Normal Status");
   EXPECT_EQ(Panel1(), "");
@@ -124,7 +124,7 @@ constexpr const char* kHints50 =
     "Response: STX 50h Status ETX BCC";
 
 TEST_F(PrintCycleEdges, Cmd50YesSends31hAndNoSends30h) {
-  dialogs.Answers(Answer::kYes, [this] {
+  dialogs.Answers(dialogs::Answer::kYes, [this] {
     EXPECT_EQ(Hints(), kHints50);
     ExpectBothPanels("");
   });
@@ -135,17 +135,18 @@ TEST_F(PrintCycleEdges, Cmd50YesSends31hAndNoSends30h) {
             "Press 'Y' to discharge the card completely => Non-Target Card\r\n"
             "Press 'N' to discharge the card at front side => Target Card\r\n"
             "Press 'Cancel' to cancel this command");
-  EXPECT_EQ(dialogs.Last().buttons, Buttons::kYesNoCancel);
-  EXPECT_EQ(dialogs.Last().icon, Icon::kNone);
-  dialogs.Answers(Answer::kNo);
+  EXPECT_EQ(dialogs.Last().buttons, dialogs::Buttons::kYesNoCancel);
+  EXPECT_EQ(dialogs.Last().icon, dialogs::Icon::kNone);
+  dialogs.Answers(dialogs::Answer::kNo);
   Press("Cmd50");
-  EXPECT_THAT(port.Exchanges(), ElementsAre(Exchange{"0250310362", 5000, kHints50, "", "", false},
-                                            Exchange{"0250300363", 5000, kHints50, "", "", false}));
+  EXPECT_THAT(printer.Exchanges(),
+              ElementsAre(Exchange{"0250310362", 5000, kHints50, "", "", false},
+                          Exchange{"0250300363", 5000, kHints50, "", "", false}));
   EXPECT_EQ(Hints(), std::string(kHints50) + "\r\n20h: Normal Status");
 }
 
 TEST_F(PrintCycleEdges, Cmd50CancelSendsNothingAndLeavesBothPanelsEmpty) {
-  dialogs.Answers(Answer::kCancel);
+  dialogs.Answers(dialogs::Answer::kCancel);
   Press("Cmd50");
   ExpectNothingSent();
   EXPECT_EQ(Hints(), kHints50);
@@ -154,7 +155,7 @@ TEST_F(PrintCycleEdges, Cmd50CancelSendsNothingAndLeavesBothPanelsEmpty) {
 
 TEST_F(PrintCycleEdges, Cmd4ASendsNothingAndKeepsThePanels) {
   Press("Cmd4A");
-  EXPECT_THAT(log,
+  EXPECT_THAT(log.Lines(),
               ElementsAre("LblHints = STX 4Ah Data arrangement specification, X Coordinate, Y "
                           "Coordinate, Expansion image number, Expansion starting dot, Expanion "
                           "ending dot ETX BCC"));
@@ -164,7 +165,7 @@ TEST_F(PrintCycleEdges, Cmd4ASendsNothingAndKeepsThePanels) {
 
 TEST_F(PrintCycleEdges, Cmd46WithReply2Waits30000) {
   dialogs.Types("2");
-  port.StaysSilent();
+  printer.StaysSilent();
   Press("Cmd46");
   EXPECT_THAT(Frames(), ElementsAre("0246320377"));
   EXPECT_EQ(Response(), "Time up! ");
@@ -174,8 +175,8 @@ TEST_F(PrintCycleEdges, Cmd46WithReply2Waits30000) {
 
 TEST_F(PrintCycleEdges, Cmd46OnAPortThatFailsShowsNothingMore) {
   dialogs.Types("2");
-  port.Fails();
-  EXPECT_THROW(Press("Cmd46"), PortError);
+  port.FailNextWrite();
+  EXPECT_THROW(Press("Cmd46"), link::PortError);
   EXPECT_TRUE(display.ButtonsEnabled());
   ExpectBothPanels("");
 }
@@ -219,15 +220,15 @@ TEST_F(SampleImage, Cmd4BSendsExactlyTwoFramesOf322Characters) {
 
 TEST_F(SampleImage, Cmd4BWaitsForItsSecondFrameWithBothPanelsEmpty) {
   // 4Bh ^ 20h ^ 03h = 68h and 4Bh ^ 4Ch ^ 03h = 04h.
-  port.Replies("06024B200368");
-  port.Replies("06024B4C0304");
+  printer.Replies("06024B200368");
+  printer.Replies("06024B4C0304");
   Press("Cmd4B");
   EXPECT_THAT(BeforeExchange(),
               ElementsAre("LblHints = " + hints,
                           "Panel1 = BMP file registering command to internal image data 2",
                           "Panel2 = Maximum 16 images: Image No = 0 -> F  "));
   EXPECT_THAT(
-      port.Exchanges(),
+      printer.Exchanges(),
       ElementsAre(Exchange{first_frame, 5000, hints,
                            "BMP file registering command to internal image data 2",
                            "Maximum 16 images: Image No = 0 -> F  ", false},
@@ -240,26 +241,26 @@ TEST_F(SampleImage, Cmd4BWaitsForItsSecondFrameWithBothPanelsEmpty) {
 }
 
 TEST_F(SampleImage, Cmd4BSendsItsSecondFrameWhateverTheFirstReplyWas) {
-  port.Replies("10");
+  printer.Replies("10");
   Press("Cmd4B");
-  port.StaysSilent();
+  printer.StaysSilent();
   Press("Cmd4B");
   EXPECT_THAT(Frames(), ElementsAre(first_frame, second_frame, first_frame, second_frame));
 }
 
 TEST_F(SampleImage, Cmd4BSendsNoSecondFrameWhenThePortFailsInTheFirst) {
-  port.Fails();
-  EXPECT_THROW(Press("Cmd4B"), PortError);
+  port.FailNextWrite();
+  EXPECT_THROW(Press("Cmd4B"), link::PortError);
   EXPECT_THAT(Frames(), testing::IsEmpty());
   EXPECT_EQ(Hints(), hints);
 }
 
 TEST_F(SampleImage, Cmd4BSendsNoSecondFrameWhenThePrinterVanishesDuringTheFirst) {
-  port.Waits([this] { transaction.OnLost(DeviceGone("/dev/ttyTEST", "")); });
-  EXPECT_THROW(Press("Cmd4B"), PortError);
+  printer.Waits([this] { transaction.OnLost(link::DeviceGone("/dev/ttyTEST", "")); });
+  EXPECT_THROW(Press("Cmd4B"), link::PortError);
   EXPECT_THAT(Frames(), ElementsAre(first_frame));
   EXPECT_TRUE(display.ButtonsEnabled());
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

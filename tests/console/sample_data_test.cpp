@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 const CharacterRange kAnyLetters = CharacterRange::Parse("01h - 7Eh");
@@ -70,4 +70,4 @@ TEST(SampleTime, IsNumericWhereTheWritingIsLongerThan21Characters) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

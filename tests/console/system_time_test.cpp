@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <ctime>
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 const QDate kDate(2026, 11, 20);
@@ -46,7 +46,7 @@ class Languages : public CommandFixture, public testing::WithParamInterface<Lang
  protected:
   // The data field of the only frame sent by a data set command that was answered No.
   std::string SampleOf(const char* button) {
-    dialogs.Answers(Answer::kNo);
+    dialogs.Answers(dialogs::Answer::kNo);
     Press(button);
     const std::string frame = Frames().back();
     std::string text;
@@ -146,4 +146,4 @@ TEST(SystemTimeOf, TellsTheDateAndTimeWhenItIsAsked) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

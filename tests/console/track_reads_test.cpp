@@ -4,7 +4,7 @@
 
 #include "tests/console/command_fixture.h"
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 using testing::ElementsAre;
@@ -74,7 +74,7 @@ class TrackReadEdges : public CommandFixture {
 };
 
 TEST_F(TrackReadEdges, Cmd21WithNoCardWithin20SecondsReadsTimeUp) {
-  port.StaysSilent();
+  printer.StaysSilent();
   Press("Cmd21");
   EXPECT_EQ(Response(), "Time up! ");
   EXPECT_EQ(Hints(), hints21);
@@ -86,9 +86,9 @@ TEST_F(TrackReadEdges, Cmd21WithNoCardWithin20SecondsReadsTimeUp) {
 }
 
 TEST_F(TrackReadEdges, Cmd21ShowsItsFrameWhileItWaits) {
-  port.Waits([this] {
-    EXPECT_EQ(display.Text(Field::TxtCommand), "21");
-    EXPECT_EQ(display.Text(Field::TxtSyntax), "02 21 03 22 ");
+  printer.Waits([this] {
+    EXPECT_EQ(display.Text(link::Field::TxtCommand), "21");
+    EXPECT_EQ(display.Text(link::Field::TxtSyntax), "02 21 03 22 ");
     EXPECT_EQ(Response(), "");
     EXPECT_FALSE(display.ButtonsEnabled());
   });
@@ -97,7 +97,7 @@ TEST_F(TrackReadEdges, Cmd21ShowsItsFrameWhileItWaits) {
 
 TEST_F(TrackReadEdges, Cmd25WithStatus22hShowsTheLabelAndTheStatus) {
   // 25h ^ 22h ^ 03h = 04h.
-  port.Replies("060225220304");
+  printer.Replies("060225220304");
   Press("Cmd25");
   EXPECT_EQ(Hints(),
             "         Send: STX 25h ETX BCC\r\n"
@@ -107,21 +107,21 @@ TEST_F(TrackReadEdges, Cmd25WithStatus22hShowsTheLabelAndTheStatus) {
 }
 
 TEST_F(TrackReadEdges, Cmd21WithStatus20hAndAbcShowsTheTrack) {
-  port.Replies("060221204142430342");
+  printer.Replies("060221204142430342");
   Press("Cmd21");
   EXPECT_EQ(Hints(), hints21 + "\r\nFirst Track: ABC");
   EXPECT_EQ(Response(), "02 21 20 41 42 43 03 42 ");
 }
 
 TEST_F(TrackReadEdges, Cmd21RejectedShowsNoStatusText) {
-  port.Replies("10");
+  printer.Replies("10");
   Press("Cmd21");
   EXPECT_EQ(Response(), "&H10: Reject Response");
   EXPECT_EQ(Hints(), hints21);
 }
 
 TEST_F(TrackReadEdges, Cmd54StaysClickableAndEndsCmd21AfterItsOwnTimeLimit) {
-  port.Waits([this] {
+  printer.Waits([this] {
     EXPECT_EQ(Panel1(), "Please insert your card...");
     Press("Cmd54");
     // The nested command is over: its reply stands there, the buttons are back.
@@ -130,7 +130,7 @@ TEST_F(TrackReadEdges, Cmd54StaysClickableAndEndsCmd21AfterItsOwnTimeLimit) {
     EXPECT_EQ(Panel2(), "");
   });
   // 54h ^ 20h ^ 03h = 77h.
-  port.Replies("060254200377");
+  printer.Replies("060254200377");
   Press("Cmd21");
   EXPECT_THAT(Frames(), ElementsAre("02210322", "02540357"));
   EXPECT_EQ(Response(), "Time up! 02 54 20 03 77 ");
@@ -144,25 +144,25 @@ TEST_F(TrackReadEdges, Cmd54StaysClickableAndEndsCmd21AfterItsOwnTimeLimit) {
 }
 
 TEST_F(TrackReadEdges, Cmd54RejectedEndsCmd21AtOnce) {
-  port.Waits([this] { Press("Cmd54"); });
-  port.Replies("10");
+  printer.Waits([this] { Press("Cmd54"); });
+  printer.Replies("10");
   Press("Cmd21");
   EXPECT_EQ(Response(), "&H10: Reject Response");
   EXPECT_LE(clock.Now(), 30);
 }
 
 TEST_F(TrackReadEdges, Cmd54WithoutAReplyMakesCmd21ReadTimeUpTwice) {
-  port.Waits([this] { Press("Cmd54"); });
-  port.StaysSilent();
+  printer.Waits([this] { Press("Cmd54"); });
+  printer.StaysSilent();
   Press("Cmd21");
   EXPECT_EQ(Response(), "Time up! Time up! ");
 }
 
 TEST_F(TrackReadEdges, Cmd21OnAClosedPortShowsItsFrameAndEmptiesThePanels) {
-  port.Fails();
-  EXPECT_THROW(Press("Cmd21"), PortError);
-  EXPECT_EQ(display.Text(Field::TxtCommand), "21");
-  EXPECT_EQ(display.Text(Field::TxtSyntax), "02 21 03 22 ");
+  port.FailNextWrite();
+  EXPECT_THROW(Press("Cmd21"), link::PortError);
+  EXPECT_EQ(display.Text(link::Field::TxtCommand), "21");
+  EXPECT_EQ(display.Text(link::Field::TxtSyntax), "02 21 03 22 ");
   EXPECT_EQ(Hints(), hints21);
   EXPECT_EQ(Panel1(), "");
   EXPECT_EQ(Panel2(), "");
@@ -170,4 +170,4 @@ TEST_F(TrackReadEdges, Cmd21OnAClosedPortShowsItsFrameAndEmptiesThePanels) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

@@ -4,7 +4,7 @@
 
 #include "tests/console/command_fixture.h"
 
-namespace vantrel {
+namespace vantrel::console {
 namespace {
 
 using testing::ElementsAre;
@@ -100,4 +100,4 @@ INSTANTIATE_TEST_SUITE_P(
     NameBy<&TypedCase::name>());
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::console

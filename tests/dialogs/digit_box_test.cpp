@@ -1,6 +1,7 @@
 #include "dialogs/digit_box.h"
 
 #include "dialogs/sub_form.h"
+#include "tests/support/recording_guard.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -10,7 +11,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 namespace {
 
 TEST(DigitBox, TakesDigitsAlone) {
@@ -72,7 +73,8 @@ TEST(DigitBox, PastingTakesDigitsOnly) {
 }
 
 TEST(DigitBox, EnterAndEscapeReachNothingElse) {
-  SubForm form("FrmTest");
+  support::RecordingGuard guard;
+  SubForm form("FrmTest", guard);
   auto* box = new DigitBox("TxtX", "1", DigitBox::Deleting::kAllowed, &form);
   auto* button = new QPushButton(&form);
   int clicks = 0;
@@ -98,4 +100,4 @@ TEST(DigitBox, ClickIsPressAndRelease) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -1,15 +1,17 @@
 #include "dialogs/sub_form.h"
 
+#include "tests/support/recording_guard.h"
+
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 namespace {
 
 class CountingForm : public SubForm {
  public:
-  CountingForm() : SubForm("FrmCounting") {}
+  explicit CountingForm(Guard& guard) : SubForm("FrmCounting", guard) {}
   int activations = 0;
   int unloads = 0;
 
@@ -19,7 +21,8 @@ class CountingForm : public SubForm {
 };
 
 TEST(SubForm, IsActivatedOncePerShowingAndUnloadedOnce) {
-  CountingForm form;
+  support::RecordingGuard guard;
+  CountingForm form(guard);
   form.show();
   EXPECT_EQ(form.activations, 1);
   form.Unload();
@@ -31,7 +34,8 @@ TEST(SubForm, IsActivatedOncePerShowingAndUnloadedOnce) {
 }
 
 TEST(SubForm, ABoxOverItDoesNotActivateItAgain) {
-  CountingForm form;
+  support::RecordingGuard guard;
+  CountingForm form(guard);
   form.show();
   QDialog box(&form);
   box.show();
@@ -43,7 +47,8 @@ TEST(SubForm, ABoxOverItDoesNotActivateItAgain) {
 }
 
 TEST(SubForm, EnterAndEscapeDoNothing) {
-  CountingForm form;
+  support::RecordingGuard guard;
+  CountingForm form(guard);
   auto* button = new QPushButton(&form);
   int clicks = 0;
   QObject::connect(button, &QPushButton::clicked, button, [&] { ++clicks; });
@@ -55,5 +60,27 @@ TEST(SubForm, EnterAndEscapeDoNothing) {
   EXPECT_EQ(form.unloads, 0);
 }
 
+class ThrowingForm : public SubForm {
+ public:
+  explicit ThrowingForm(Guard& guard) : SubForm("FrmThrowing", guard) {
+    QObject::connect(this, &QObject::objectNameChanged, this,
+                     Guarded([] { throw std::runtime_error("slot"); }));
+  }
+
+ protected:
+  void Form_Activate() override { throw std::runtime_error("activate"); }
+  void Form_Unload() override { throw std::runtime_error("unload"); }
+};
+
+TEST(SubForm, WhatItsHandlersThrowStaysInTheGuard) {
+  support::RecordingGuard guard;
+  ThrowingForm form(guard);
+  form.show();
+  form.setObjectName("FrmOther");
+  form.close();
+  EXPECT_EQ(guard.TakeFaults(), (std::vector<std::string>{"activate", "slot", "unload"}));
+  EXPECT_FALSE(form.isVisible());
+}
+
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

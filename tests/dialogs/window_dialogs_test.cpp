@@ -11,7 +11,7 @@
 
 #include <functional>
 
-namespace vantrel {
+namespace vantrel::dialogs {
 namespace {
 
 // Runs `act` on the box that opens next, once it is shown.
@@ -135,4 +135,4 @@ TEST(InputBox, CancelledReturnsAnEmptyText) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::dialogs

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 // The codes are the printer's: 20h keeps a setting, 30h to 34h are its choices.
@@ -52,4 +52,4 @@ TEST(ControlSettings, AnIndexOutsideItsGroupChangesNothing) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

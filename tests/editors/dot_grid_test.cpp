@@ -3,12 +3,13 @@
 #include "editors/font_editor.h"
 #include "editors/image_editor.h"
 #include "tests/editors/editor_forms.h"
+#include "tests/support/recording_guard.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QPaintEvent>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 // Adds up what a widget repaints.
@@ -50,9 +51,10 @@ class DotGridTest : public testing::Test {
   }
   QColor ColorAt(const QPoint& position) { return grid_.grab().toImage().pixelColor(position); }
 
-  CommonVariables common_;
+  link::CommonVariables common_;
   ImageEditor editor_{common_};
-  DotGrid grid_{"Lbldot", editor_, 1};
+  support::RecordingGuard guard_;
+  DotGrid grid_{"Lbldot", editor_, 1, guard_};
 };
 
 TEST_F(DotGridTest, DotsAreNinePixelsOnAPitchOfEight) {
@@ -278,10 +280,11 @@ TEST_F(DotGridTest, ScreenReadersGetNamesStatesAndActions) {
 }
 
 TEST(DotGridScale, ALargerGridKeepsTheProportion) {
-  CommonVariables common;
+  link::CommonVariables common;
   FontEditor editor(common);
   editor.Form_Activate();
-  DotGrid grid("LblDot", editor, 2);
+  support::RecordingGuard guard;
+  DotGrid grid("LblDot", editor, 2, guard);
   EXPECT_EQ(grid.DotRect(0).size(), QSize(18, 18));
   EXPECT_EQ(grid.DotRect(24).left() - grid.DotRect(0).left(), 16);
   for (const int dot : {0, 23, 24, 287}) {
@@ -291,4 +294,4 @@ TEST(DotGridScale, ALargerGridKeepsTheProportion) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

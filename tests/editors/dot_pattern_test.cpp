@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 TEST(DotPattern, TheTopDotOfEightIsTheLeastSignificantBit) {
@@ -84,4 +84,4 @@ TEST(DotPattern, AnIndexOutsideIsASubscriptError) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

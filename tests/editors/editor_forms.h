@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // The control of that design name; ends the test when there is none.
 template <typename Control>
@@ -50,4 +50,4 @@ inline void DoubleClickAt(DotGrid& grid, const QRect& rect) {
 
 inline bool IsBlack(const DotGrid& grid, int index) { return grid.Editor().Dots().IsBlack(index); }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 struct Font {
@@ -43,7 +43,7 @@ class FontSize : public testing::TestWithParam<Font> {
     return common_.DataString.substr(4);
   }
 
-  CommonVariables common_;
+  link::CommonVariables common_;
   FontEditor editor_{common_};
 };
 
@@ -138,7 +138,7 @@ class FontEditorTest : public testing::Test {
     return common_.DataString;
   }
 
-  CommonVariables common_;
+  link::CommonVariables common_;
   FontEditor editor_{common_};
 };
 
@@ -259,4 +259,4 @@ TEST_F(FontEditorTest, FillAllSkipsADotThatStayedBlack) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

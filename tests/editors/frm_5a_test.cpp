@@ -1,6 +1,7 @@
 #include "editors/frm_5a.h"
 
 #include "tests/editors/editor_forms.h"
+#include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QApplication>
@@ -8,7 +9,7 @@
 #include <QRadioButton>
 #include <QTimer>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 class Frm5ATest : public testing::Test {
@@ -16,13 +17,14 @@ class Frm5ATest : public testing::Test {
   // Shows the form modally; `work` runs on it and has to close it.
   template <typename Work>
   void Exec(Work work) {
-    Frm5A form(common_, dialogs_);
+    Frm5A form(common_, dialogs_, guard_);
     QTimer::singleShot(0, &form, [&] { work(form); });
     form.exec();
   }
 
-  CommonVariables common_;
-  ScriptedDialogs dialogs_;
+  link::CommonVariables common_;
+  support::ScriptedDialogs dialogs_;
+  support::RecordingGuard guard_;
 };
 
 TEST_F(Frm5ATest, NextAtOnceSends203120) {
@@ -130,13 +132,13 @@ TEST_F(Frm5ATest, ChoicesAreNotKeptBetweenOpenings) {
 }
 
 TEST_F(Frm5ATest, AnIndexOutsideItsGroupIsReportedAndChangesNothing) {
-  Frm5A form(common_, dialogs_);
+  Frm5A form(common_, dialogs_, guard_);
   const auto expect = [&](const char* prompt, const char* title) {
     EXPECT_EQ(dialogs_.Last().prompt, prompt);
     EXPECT_EQ(dialogs_.Last().title, title);
-    EXPECT_EQ(dialogs_.Last().buttons, Buttons::kOk);
+    EXPECT_EQ(dialogs_.Last().buttons, dialogs::Buttons::kOk);
   };
-  for (int i = 0; i < 3; ++i) dialogs_.Answers(Answer::kOk);
+  for (int i = 0; i < 3; ++i) dialogs_.Answers(dialogs::Answer::kOk);
   form.OptLED_Click(6);
   expect("Error found in the option of LED Operation", "LED Operation Frame");
   form.OptLEDColor_Click(3);
@@ -150,4 +152,4 @@ TEST_F(Frm5ATest, AnIndexOutsideItsGroupIsReportedAndChangesNothing) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

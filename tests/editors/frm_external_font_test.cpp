@@ -2,6 +2,7 @@
 
 #include "tests/editors/editor_forms.h"
 #include "tests/editors/text.h"
+#include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QComboBox>
@@ -11,14 +12,14 @@
 
 #include <memory>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 class FrmExternalFontTest : public testing::Test {
  protected:
   void Open(bool double_byte) {
     common_.IsDoubleByteFont = double_byte;
-    form_ = std::make_unique<FrmExternalFont>(common_, dialogs_);
+    form_ = std::make_unique<FrmExternalFont>(common_, dialogs_, guard_);
     ShowActive(*form_);
   }
   DotGrid& Grid() { return Find<DotGrid>(*form_, "LblDot"); }
@@ -29,17 +30,18 @@ class FrmExternalFontTest : public testing::Test {
   }
   // Presses ">>" and answers the box that shows the data; returns them.
   std::string Next() {
-    dialogs_.Answers(Answer::kOk, [this] { EXPECT_TRUE(form_->isVisible()); });
+    dialogs_.Answers(dialogs::Answer::kOk, [this] { EXPECT_TRUE(form_->isVisible()); });
     ClickControl(*form_, "CmdNext");
     EXPECT_FALSE(form_->isVisible());
     EXPECT_EQ(dialogs_.Last().prompt, common_.DataString);
     EXPECT_EQ(dialogs_.Last().title, "Print Data");
-    EXPECT_EQ(dialogs_.Last().buttons, Buttons::kOk);
+    EXPECT_EQ(dialogs_.Last().buttons, dialogs::Buttons::kOk);
     return common_.DataString;
   }
 
-  CommonVariables common_;
-  ScriptedDialogs dialogs_;
+  link::CommonVariables common_;
+  support::ScriptedDialogs dialogs_;
+  support::RecordingGuard guard_;
   std::unique_ptr<FrmExternalFont> form_;
 };
 
@@ -76,7 +78,7 @@ TEST_F(FrmExternalFontTest, CaptionsOfASingleByteFont) {
 }
 
 TEST_F(FrmExternalFontTest, ActivationReplacesTheCaptionThatTheConsoleSet) {
-  FrmExternalFont form(common_, dialogs_);
+  FrmExternalFont form(common_, dialogs_, guard_);
   form.setWindowTitle("45h Single byte external font register command");
   form.show();
   EXPECT_EQ(form.windowTitle(), "45h Single byte external character registered font command");
@@ -179,4 +181,4 @@ TEST_F(FrmExternalFontTest, TheCloseBoxLeavesTheAllSetPattern) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

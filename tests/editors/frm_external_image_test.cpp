@@ -2,6 +2,7 @@
 
 #include "tests/editors/editor_forms.h"
 #include "tests/editors/text.h"
+#include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QApplication>
@@ -11,17 +12,17 @@
 
 #include <memory>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 class FrmExternalImageTest : public testing::Test {
  protected:
   void Open(bool block) {
     common_.IsBlockMode = block;
-    form_ = std::make_unique<FrmExternalImage>(common_, dialogs_);
+    form_ = std::make_unique<FrmExternalImage>(common_, dialogs_, guard_);
     ShowActive(*form_);
   }
-  DigitBox& Box(const char* name) { return Find<DigitBox>(*form_, name); }
+  dialogs::DigitBox& Box(const char* name) { return Find<dialogs::DigitBox>(*form_, name); }
   QWidget& Control(const char* name) { return Find<QWidget>(*form_, name); }
   DotGrid& Grid() { return Find<DotGrid>(*form_, "Lbldot"); }
   void Set(const char* x, const char* y) {
@@ -35,8 +36,9 @@ class FrmExternalImageTest : public testing::Test {
     EXPECT_EQ(Control("CmdSet").isVisible(), !drawing);
   }
 
-  CommonVariables common_;
-  ScriptedDialogs dialogs_;
+  link::CommonVariables common_;
+  support::ScriptedDialogs dialogs_;
+  support::RecordingGuard guard_;
   std::unique_ptr<FrmExternalImage> form_;
 };
 
@@ -84,11 +86,11 @@ TEST_F(FrmExternalImageTest, SetOpensTheGridAndFocusesClearAll) {
 
 TEST_F(FrmExternalImageTest, XOutOfRangeIsReportedSetToZeroAndFocused) {
   Open(true);
-  dialogs_.Answers(Answer::kOk);
+  dialogs_.Answers(dialogs::Answer::kOk);
   Set("480", "40");
   EXPECT_EQ(dialogs_.Last().prompt, "X Coordinate should be within 0 - 479");
   EXPECT_EQ(dialogs_.Last().title, "Invalid X coordinate");
-  EXPECT_EQ(dialogs_.Last().buttons, Buttons::kOk);
+  EXPECT_EQ(dialogs_.Last().buttons, dialogs::Buttons::kOk);
   EXPECT_EQ(Box("TxtXCoordinate").text(), "0");
   EXPECT_TRUE(Box("TxtXCoordinate").hasFocus());
   EXPECT_EQ(Box("TxtYCoordinate").text(), "40");
@@ -97,7 +99,7 @@ TEST_F(FrmExternalImageTest, XOutOfRangeIsReportedSetToZeroAndFocused) {
 
 TEST_F(FrmExternalImageTest, YOutOfRangeIsReportedSetToZeroAndFocused) {
   Open(false);
-  dialogs_.Answers(Answer::kOk);
+  dialogs_.Answers(dialogs::Answer::kOk);
   Set("479", "40");
   EXPECT_EQ(dialogs_.Last().prompt, "Y Coordinate should be within 0 - 39");
   EXPECT_EQ(dialogs_.Last().title, "Invalid Y coordinate");
@@ -112,7 +114,7 @@ TEST_F(FrmExternalImageTest, TypingReplacesTheZeroOfAFreshOrRefusedBox) {
   EXPECT_TRUE(Box("TxtXCoordinate").hasFocus());
   QTest::keyClicks(&Box("TxtXCoordinate"), "480");
   EXPECT_EQ(Box("TxtXCoordinate").text(), "480");
-  dialogs_.Answers(Answer::kOk);
+  dialogs_.Answers(dialogs::Answer::kOk);
   ClickControl(*form_, "CmdSet");
   QTest::keyClicks(&Box("TxtXCoordinate"), "12");
   EXPECT_EQ(Box("TxtXCoordinate").text(), "12");
@@ -239,8 +241,17 @@ TEST_F(FrmExternalImageTest, BlockX479Y0IsOneLineOf40Bytes) {
 TEST_F(FrmExternalImageTest, X441EndsInASubscriptErrorWhenNextComposes) {
   Open(true);
   Set("441", "0");
-  auto& next = Find<QPushButton>(*form_, "CmdNext");
-  EXPECT_THROW(next.click(), std::out_of_range);
+  ClickControl(*form_, "CmdNext");
+  EXPECT_EQ(guard_.TakeFaults(), std::vector<std::string>{"Subscript out of range"});
+  EXPECT_TRUE(form_->isVisible());
+}
+
+// Meant: a line of 40 bytes leads past the last dot.
+TEST_F(FrmExternalImageTest, AColumnSelectorThatLeadsPastTheDotsEndsInASubscriptError) {
+  Open(true);
+  Set("441", "0");
+  ClickAt(Grid(), Grid().ColumnSelectorRect(38));
+  EXPECT_EQ(guard_.TakeFaults(), std::vector<std::string>{"Subscript out of range"});
 }
 
 TEST_F(FrmExternalImageTest, TheCloseBoxLeavesZero) {
@@ -253,7 +264,7 @@ TEST_F(FrmExternalImageTest, TheCloseBoxLeavesZero) {
 
 TEST_F(FrmExternalImageTest, ShownModallyItReturnsWhenNextUnloadsIt) {
   common_.IsBlockMode = false;
-  form_ = std::make_unique<FrmExternalImage>(common_, dialogs_);
+  form_ = std::make_unique<FrmExternalImage>(common_, dialogs_, guard_);
   QTimer::singleShot(0, form_.get(), [this] {
     Set("1", "39");
     ClickControl(*form_, "CmdNext");
@@ -272,4 +283,4 @@ TEST_F(FrmExternalImageTest, ClosesWithTheKeyboardOnTheGrid) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

@@ -5,7 +5,7 @@
 
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 class ImageData : public testing::Test {
@@ -27,7 +27,7 @@ class ImageData : public testing::Test {
     return common_.DataString;
   }
 
-  CommonVariables common_;
+  link::CommonVariables common_;
   ImageEditor editor_{common_};
   std::string x_;
   std::string y_;
@@ -253,4 +253,4 @@ TEST_F(ImageData, CoordinatesAreSentAsTheyStand) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

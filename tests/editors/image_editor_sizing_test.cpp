@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-namespace vantrel {
+namespace vantrel::editors {
 namespace {
 
 struct Case {
@@ -34,7 +34,7 @@ class ImageSizing : public testing::TestWithParam<Case> {
     EXPECT_EQ(editor_.CurrentStep(), ImageEditor::Step::kDrawing);
   }
 
-  CommonVariables common_;
+  link::CommonVariables common_;
   ImageEditor editor_{common_};
 };
 
@@ -108,7 +108,7 @@ INSTANTIATE_TEST_SUITE_P(All, ImageSizing,
                          [](const auto& test) { return test.param.name; });
 
 TEST(ImageEditor, ActivationInLineMode) {
-  CommonVariables common;
+  link::CommonVariables common;
   ImageEditor editor(common);
   editor.Form_Activate();
   EXPECT_EQ(common.DataString, "0");
@@ -123,7 +123,7 @@ TEST(ImageEditor, ActivationInLineMode) {
 }
 
 TEST(ImageEditor, ActivationInBlockMode) {
-  CommonVariables common;
+  link::CommonVariables common;
   common.IsBlockMode = true;
   ImageEditor editor(common);
   editor.Form_Activate();
@@ -148,7 +148,7 @@ std::ostream& operator<<(std::ostream& out, const Coordinates& row) { return out
 class ImageCoordinates : public testing::TestWithParam<Coordinates> {};
 
 TEST_P(ImageCoordinates, AreChecked) {
-  CommonVariables common;
+  link::CommonVariables common;
   common.IsBlockMode = true;
   ImageEditor editor(common);
   editor.Form_Activate();
@@ -175,4 +175,4 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& test) { return test.param.name; });
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::editors

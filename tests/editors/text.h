@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::editors {
 
 // `text` written `times` times.
 inline std::string Times(int times, std::string_view text) {
@@ -12,4 +12,4 @@ inline std::string Times(int times, std::string_view text) {
   return result;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::editors

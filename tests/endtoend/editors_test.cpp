@@ -8,13 +8,13 @@
 #include <QRadioButton>
 #include <QTest>
 
-namespace vantrel {
+namespace vantrel::endtoend {
 namespace {
 
-class EditorsTest : public ConsoleTest {
+class EditorsTest : public support::ConsoleTest {
  protected:
   void Load() {
-    ConsoleTest::Load();
+    support::ConsoleTest::Load();
     AnswerAll();
   }
   // Empties the box with the Delete key, the only one that takes digits away, and types.
@@ -75,13 +75,13 @@ TEST_F(EditorsTest, A4DhAtX479ReadsOnPastItsLine) {
 // Meant: the byte count of these coordinates leads past the last dot, and that ends the run.
 TEST_F(EditorsTest, A4DhAtX441EndsTheRunWithSubscriptOutOfRange) {
   Load();
-  dialogs_.Answers(Answer::kOk);
+  dialogs_.Answers(dialogs::Answer::kOk);
   OnForm([](QDialog& form) {
     Type(form, "TxtXCoordinate", "441");
     Click(form, "CmdSet");
     Click(form, "CmdNext");
     // The real program is gone by now.
-    EXPECT_EQ(CurrentDialogs::Instance().end_status, 1);
+    EXPECT_EQ(support::CurrentDialogs::Instance().end_status, 1);
     form.close();
   });
   Press("Cmd4D");
@@ -90,7 +90,7 @@ TEST_F(EditorsTest, A4DhAtX441EndsTheRunWithSubscriptOutOfRange) {
 
 TEST_F(EditorsTest, A45hSendsTheCharacterAndExplainsItAfterTheReply) {
   Load();
-  dialogs_.Answers(Answer::kOk);
+  dialogs_.Answers(dialogs::Answer::kOk);
   OnForm([](QDialog& form) {
     Click(form, "Opt16dot");
     form.findChild<QComboBox*>("ComboImageNo")->setEditText("3");
@@ -141,4 +141,4 @@ TEST_F(EditorsTest, A5AhClosedByItsCloseBoxSendsNothing) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::endtoend

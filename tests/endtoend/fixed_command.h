@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::endtoend {
 
 // A command that asks nothing: what it shows while it waits, what it sends, and what a good reply
 // brings.
@@ -22,7 +22,8 @@ struct FixedCommand {
 
 inline void PrintTo(const FixedCommand& row, std::ostream* out) { *out << row.button; }
 
-class FixedCommandTest : public ConsoleTest, public testing::WithParamInterface<FixedCommand> {
+class FixedCommandTest : public support::ConsoleTest,
+                         public testing::WithParamInterface<FixedCommand> {
  protected:
   // Presses the button and checks everything, before, during and after the wait.
   void Check() {
@@ -43,4 +44,4 @@ class FixedCommandTest : public ConsoleTest, public testing::WithParamInterface<
   }
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::endtoend

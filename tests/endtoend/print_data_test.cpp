@@ -7,13 +7,13 @@
 #include <QRadioButton>
 #include <QTest>
 
-namespace vantrel {
+namespace vantrel::endtoend {
 namespace {
 
-class PrintDataTest : public ConsoleTest {
+class PrintDataTest : public support::ConsoleTest {
  protected:
   void Load() {
-    ConsoleTest::Load();
+    support::ConsoleTest::Load();
     AnswerAll();
   }
 };
@@ -91,4 +91,4 @@ TEST_F(PrintDataTest, A4EhClosedByItsCloseBoxSendsNoData) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::endtoend

@@ -1,17 +1,19 @@
 // The console against the software printer over a pseudo-terminal: what one command does, another
 // one sees.
 
-#include "printer/printer_model.h"
-#include "printer/printer_server.h"
+#include "printer/model/printer_model.h"
+#include "printer/service/printer_server.h"
 #include "tests/support/console_fixture.h"
+#include "tests/support/installed_fonts.h"
+#include "tests/support/print_bench.h"
 
 #include <QLineEdit>
 #include <QTest>
 
-namespace vantrel {
+namespace vantrel::endtoend {
 namespace {
 
-class SoftwarePrinterTest : public ConsoleTest {
+class SoftwarePrinterTest : public support::ConsoleTest {
  protected:
   SoftwarePrinterTest() : server_(model_) { first_device_ = server_.DevicePath(); }
 
@@ -32,7 +34,7 @@ class SoftwarePrinterTest : public ConsoleTest {
     return hints.substr(hints.rfind("\r\n") + 2);
   }
   void SetData(const char* button, const std::string& data) {
-    dialogs_.Answers(Answer::kYes);
+    dialogs_.Answers(dialogs::Answer::kYes);
     dialogs_.Types(data);
     PressWell(button);
   }
@@ -40,16 +42,14 @@ class SoftwarePrinterTest : public ConsoleTest {
     dialogs_.Types(choice);
     PressWell("Cmd31");
   }
-  int BlackDots() const {
-    int count = 0;
-    const Bitmap& face = model_.State().card.face;
-    for (int y = 0; y < face.Height(); ++y)
-      for (int x = 0; x < face.Width(); ++x) count += face.At(x, y) ? 1 : 0;
-    return count;
+  // Runs `act` while a command waits for a card.
+  void OnceItWaitsForACard(std::function<void()> act) {
+    Once([this] { return model_.State().wait != printer::CardWait::kNone; }, std::move(act));
   }
+  int BlackDots() const { return support::BlackDots(model_.State().card.face); }
 
-  PrinterModel model_;
-  PrinterServer server_;
+  printer::PrinterModel model_{support::InstalledFonts(), link::CodePage::kWestern};
+  printer::PrinterServer server_;
 };
 
 TEST_F(SoftwarePrinterTest, WhatIsSetAndWrittenIsReadBackFromEveryTrack) {
@@ -69,7 +69,7 @@ TEST_F(SoftwarePrinterTest, WhatIsSetAndWrittenIsReadBackFromEveryTrack) {
 TEST_F(SoftwarePrinterTest, EverySampleIsTaken) {
   for (const char* button :
        {"Cmd35", "Cmd36", "Cmd37", "Cmd38", "Cmd39", "Cmd3A", "Cmd3B", "Cmd3C", "Cmd3D"}) {
-    dialogs_.Answers(Answer::kNo);
+    dialogs_.Answers(dialogs::Answer::kNo);
     PressWell(button);
   }
 }
@@ -93,39 +93,44 @@ TEST_F(SoftwarePrinterTest, CardsAreDischargedByEachMethod) {
   server_.InsertCard();
   dialogs_.Types("0");
   PressWell("Cmd46");
-  EXPECT_EQ(model_.State().place, CardPlace::kFront);
+  EXPECT_EQ(model_.State().place, printer::CardPlace::kFront);
   dialogs_.Types("2");
   PressWell("Cmd47");
-  EXPECT_EQ(model_.State().place, CardPlace::kRear);
+  // It has left at the back, so the next command needs a new one.
+  EXPECT_EQ(model_.State().place, printer::CardPlace::kOutside);
+  server_.InsertCard();
   dialogs_.Types("1");
   PressWell("Cmd48");
-  EXPECT_EQ(model_.State().place, CardPlace::kExit);
+  EXPECT_EQ(model_.State().place, printer::CardPlace::kExit);
 }
 
 TEST_F(SoftwarePrinterTest, A50hDischargesToTheFrontOrCompletely) {
   server_.InsertCard();
-  dialogs_.Answers(Answer::kNo);
+  dialogs_.Answers(dialogs::Answer::kNo);
   PressWell("Cmd50");
-  EXPECT_EQ(model_.State().place, CardPlace::kFront);
-  dialogs_.Answers(Answer::kYes);
+  EXPECT_EQ(model_.State().place, printer::CardPlace::kFront);
+  dialogs_.Answers(dialogs::Answer::kYes);
   PressWell("Cmd50");
-  EXPECT_EQ(model_.State().place, CardPlace::kExit);
+  EXPECT_EQ(model_.State().place, printer::CardPlace::kExit);
 }
 
 TEST_F(SoftwarePrinterTest, A46hWaitsForTheCardThatAPersonPutsIn) {
   dialogs_.Types("1");
-  QTimer::singleShot(50, form_.get(), [this] { server_.InsertCard(); });
+  OnceItWaitsForACard([this] { server_.InsertCard(); });
   PressWell("Cmd46");
-  EXPECT_EQ(model_.State().place, CardPlace::kExit);
+  EXPECT_EQ(model_.State().place, printer::CardPlace::kExit);
 }
 
 TEST_F(SoftwarePrinterTest, A54hCancelsTheWaitForACard) {
-  QTimer::singleShot(50, form_.get(), [this] {
+  bool had_waited = false;
+  OnceItWaitsForACard([&] {
+    had_waited = true;
     PressWell("Cmd54");
-    EXPECT_EQ(model_.State().wait, CardWait::kNone);
+    EXPECT_EQ(model_.State().wait, printer::CardWait::kNone);
     form_->close();  // ends the outer wait, which would go on for five seconds
   });
   Press("Cmd21");
+  EXPECT_TRUE(had_waited);
   EXPECT_FALSE(form_->IsWaiting());
 }
 
@@ -147,7 +152,9 @@ TEST_F(SoftwarePrinterTest, A40hClearsWhatWouldBePrinted) {
   server_.InsertCard();
   OnForm([](QDialog& form) { form.close(); });
   PressWell("Cmd41");
+  EXPECT_GT(support::BlackDots(model_.State().print_image), 0);
   PressWell("Cmd40");
+  EXPECT_EQ(support::BlackDots(model_.State().print_image), 0);
   dialogs_.Types("0");
   PressWell("Cmd46");
   EXPECT_EQ(BlackDots(), 0);
@@ -171,10 +178,10 @@ TEST_F(SoftwarePrinterTest, BarcodesImagesAndCharactersAreTaken) {
     Click(form, "CmdNext");
   });
   PressWell("Cmd4D");
-  dialogs_.Answers(Answer::kOk);
+  dialogs_.Answers(dialogs::Answer::kOk);
   OnForm([](QDialog& form) { Click(form, "CmdNext"); });
   PressWell("Cmd44");
-  dialogs_.Answers(Answer::kOk);
+  dialogs_.Answers(dialogs::Answer::kOk);
   OnForm([](QDialog& form) { Click(form, "CmdNext"); });
   PressWell("Cmd45");
   OnForm([](QDialog& form) { Click(form, "CmdNext"); });
@@ -201,20 +208,20 @@ TEST_F(SoftwarePrinterTest, TheRestOfTheCommandsAreTaken) {
   }
   OnForm([](QDialog& form) { Click(form, "CmdNext"); });
   PressWell("Cmd5A");
-  dialogs_.Answers(Answer::kYes);
-  dialogs_.Answers(Answer::kNo);
+  dialogs_.Answers(dialogs::Answer::kYes);
+  dialogs_.Answers(dialogs::Answer::kNo);
   PressWell("Cmd5B");
-  dialogs_.Answers(Answer::kYes);
+  dialogs_.Answers(dialogs::Answer::kYes);
   dialogs_.Types("11");
   PressWell("Cmd91");
   const std::string response = Text("TxtResponse");
   Press("Cmd4A");  // sends nothing
   EXPECT_EQ(Text("TxtResponse"), response);
   server_.PullOutCard();
-  model_.SetCardKind(CardKind::kCleaning);
+  model_.SetCardKind(printer::CardKind::kCleaning);
   server_.InsertCard();
   PressWell("cmd52");
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::endtoend

@@ -1,63 +1,30 @@
-// The nine track reads: exact bytes on the line, help before and after the reply, guidance during
-// and after the wait.
+// Track reads from the button to the line and back, and a fixed command with data in its reply and
+// one without. What each command shows and sends is tested with its handler.
 
 #include "tests/endtoend/fixed_command.h"
 
-namespace vantrel {
+namespace vantrel::endtoend {
 namespace {
 
-class TrackReadTest : public FixedCommandTest {};
-
-TEST_P(TrackReadTest, SendsItsFrameAndShowsTheTrack) { Check(); }
-
-constexpr const char* kInsert = "Please insert your card...";
-constexpr const char* kCancel = "Press '54h' to cancel this command/card waiting status...";
-constexpr const char* kInside = "Read the magnetic stripe of the card inside the printer...";
-constexpr const char* kBuffer = "Waiting for the card or reading the buffer...";
+TEST_P(FixedCommandTest, ShowsItsHelpSendsItsFrameAndShowsTheReply) { Check(); }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, TrackReadTest,
-    testing::Values(
-        FixedCommand{"Cmd21", "02210322",
-                     "         Send: STX 21h ETX BCC\r\n"
-                     "Response: STX 21h Status 'Read Data String' ETX BCC",
-                     kInsert, kCancel, "02 21 20 41 42 43 03 42 ", "First Track: ABC"},
-        FixedCommand{"Cmd22", "02220321",
-                     "         Send: STX 22h ETX BCC\r\n"
-                     "Response: STX 22h Status 'Read Data String' ETX BCC",
-                     kInsert, kCancel, "02 22 20 41 42 43 03 41 ", "Second Track: ABC"},
-        // The leading blank of this response line is meant.
-        FixedCommand{"Cmd23", "02230320",
-                     "         Send: STX 23h ETX BCC\r\n"
-                     " Response: STX 23h Status 'Read Data String' ETX BCC",
-                     kInsert, kCancel, "02 23 20 41 42 43 03 40 ", "Third Track: ABC"},
-        FixedCommand{"Cmd25", "02250326",
-                     "         Send: STX 25h ETX BCC\r\n"
-                     "Response: STX 25h Status 'Read Data String' ETX BCC",
-                     kInside, "", "02 25 20 41 42 43 03 46 ", "First Track: ABC"},
-        FixedCommand{"Cmd26", "02260325",
-                     "         Send: STX 26h ETX BCC\r\n"
-                     "Response: STX 26h Status 'Read Data String' ETX BCC",
-                     kInside, "", "02 26 20 41 42 43 03 45 ", "Second Track: ABC"},
-        FixedCommand{"Cmd27", "02270324",
-                     "         Send: STX 27h ETX BCC\r\n"
-                     "Response: STX 27h Status 'Read Data String' ETX BCC",
-                     kInside, "", "02 27 20 41 42 43 03 44 ", "Third Track: ABC"},
-        FixedCommand{"Cmd29", "0229032A",
-                     "         Send: STX 29h ETX BCC\r\n"
-                     "Response: STX 29h Status 'Read Data String' ETX BCC",
-                     kBuffer, "", "02 29 20 41 42 43 03 4A ", "First Track Buffer: ABC"},
-        FixedCommand{"Cmd2A", "022A0329",
-                     "         Send: STX 2Ah ETX BCC\r\n"
-                     "Response: STX 2Ah Status 'Read Data String' ETX BCC",
-                     kBuffer, "", "02 2A 20 41 42 43 03 49 ", "Second Track Buffer: ABC"},
-        FixedCommand{"Cmd2B", "022B0328",
-                     "         Send: STX 2Bh ETX BCC\r\n"
-                     "Response: STX 2Bh Status 'Read Data String' ETX BCC",
-                     kBuffer, "", "02 2B 20 41 42 43 03 48 ", "Third Track Buffer: ABC"}),
+    All, FixedCommandTest,
+    testing::Values(FixedCommand{"Cmd21", "02210322",
+                                 "         Send: STX 21h ETX BCC\r\n"
+                                 "Response: STX 21h Status 'Read Data String' ETX BCC",
+                                 "Please insert your card...",
+                                 "Press '54h' to cancel this command/card waiting status...",
+                                 "02 21 20 41 42 43 03 42 ", "First Track: ABC"},
+                    FixedCommand{
+                        "cmd52", "02520351",
+                        "         Send: STX 52h ETX 51h\r\nResponse: STX 52h Status ETX BCC",
+                        "Please add the cleaning fluid on the cleaning card...",
+                        "and then insert it into the printer", "02 52 20 03 71 ",
+                        "20h: Normal Status"}),
     [](const auto& tested) { return std::string(tested.param.button); });
 
-class TrackReadReplyTest : public ConsoleTest {};
+class TrackReadReplyTest : public support::ConsoleTest {};
 
 TEST_F(TrackReadReplyTest, A25hAnsweredWithStatus22hNamesNoTargetedCardAfterTheLabel) {
   Load();
@@ -79,4 +46,4 @@ TEST_F(TrackReadReplyTest, AResendRequestGetsTheFrameAgain) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::endtoend

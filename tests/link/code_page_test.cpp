@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 TEST(CodePageOfLocale, KnowsTheLanguagesWithAPageOfTheirOwn) {
@@ -155,4 +155,4 @@ TEST(DecodeBytes, MakesOneCharacterOfEveryByteOfEveryPage) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 using Characters = std::vector<CodedCharacter>;
@@ -36,4 +36,4 @@ TEST(DecodeCharacters, TakesALeadByteWithoutASecondAlone) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -6,7 +6,7 @@
 
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 TEST(CalcBCC, OfA21hFrameWithoutAndWithItsBlockCheck) {
@@ -101,4 +101,4 @@ TEST(StrToHex, SendsAQuestionMarkForWhatTheCodePageLacks) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

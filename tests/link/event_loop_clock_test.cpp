@@ -1,16 +1,13 @@
 #include "link/event_loop_clock.h"
 
-#include "tests/support/processor_time.h"
-
 #include <QElapsedTimer>
 #include <QTest>
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 using testing::ElementsAre;
@@ -63,35 +60,26 @@ TEST_F(EventLoopClockTest, StoppedTimerDoesNotTick) {
   EXPECT_THAT(ticks, ElementsAre(Timer::WaitTimer));
 }
 
-TEST_F(EventLoopClockTest, TenMillisecondsAreTenMilliseconds) {
-  std::vector<double> lengths;
-  for (std::size_t i = 1; i <= 31; ++i) {
-    QElapsedTimer wall;
-    wall.start();
-    clock.Start(Timer::WaitTimer, 10);
-    WaitForTicks(i);
-    lengths.push_back(static_cast<double>(wall.nsecsElapsed()) / 1e6);
-  }
-  std::sort(lengths.begin(), lengths.end());
-  EXPECT_GE(lengths.front(), 9.0);
-  // The median, because a busy machine may hold up single ones.
-  EXPECT_LE(lengths[15], 12.0);
-}
-
-TEST_F(EventLoopClockTest, WaitingSleeps) {
-  const double before = ProcessorTime();
-  clock.Start(Timer::WaitTimer, 300);
+TEST_F(EventLoopClockTest, TenMillisecondsAreNotLess) {
+  QElapsedTimer wall;
+  wall.start();
+  clock.Start(Timer::WaitTimer, 10);
   WaitForTicks(1);
-  EXPECT_LT(ProcessorTime() - before, 60.0);
+  EXPECT_GE(static_cast<double>(wall.nsecsElapsed()) / 1e6, 9.0);
 }
 
-TEST_F(EventLoopClockTest, PollingPassesOfTenMillisecondsSleepToo) {
-  const double before = ProcessorTime();
-  for (std::size_t i = 1; i <= 30; ++i) {
+TEST_F(EventLoopClockTest, WaitingSleepsUntilATickComes) {
+  // What earlier cases left for the event loop runs first.
+  clock.Yield();
+  int turns = 0;
+  for (std::size_t i = 1; i <= 5; ++i) {
     clock.Start(Timer::WaitTimer, 10);
-    WaitForTicks(i);
+    while (ticks.size() < i) {
+      clock.WaitForEvents();
+      ++turns;
+    }
   }
-  EXPECT_LT(ProcessorTime() - before, 60.0);
+  EXPECT_LE(turns, 20);
 }
 
 TEST_F(EventLoopClockTest, YieldRunsWhatIsPendingAndDoesNotWait) {
@@ -125,4 +113,4 @@ TEST_F(EventLoopClockTest, TickWithoutAListenerIsNoFault) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

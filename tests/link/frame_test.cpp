@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 TEST(Frame, StxAndEtxAreTheProtocolsCharacters) {
@@ -108,4 +108,4 @@ TEST(ComposeFrame, OfDataThatHoldEtxAndHighBytes) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

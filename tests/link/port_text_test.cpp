@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 const std::string kChooseAgain =
@@ -86,4 +86,4 @@ TEST(PortText, OfADeviceThatIsGone) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

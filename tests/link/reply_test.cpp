@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 // The frame of 21h; its replies' block checks are the exclusive-or of all from 21h to ETX.
@@ -108,4 +108,4 @@ TEST(ReplyLabel, IsEmptyForEveryOtherCommand) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // A listener that keeps what it hears and, like the console, reads at each receive event.
 class Ears : public PortListener {
@@ -59,11 +59,13 @@ class SerialPortTest : public testing::Test {
     return "";
   }
 
-  TestTerminal terminal;
+  support::TestTerminal terminal;
   // Named after this process, because the name is locked before it is found missing.
   const std::string missing = "/dev/vantrel-missing-" + std::to_string(getpid());
-  SerialPort port{[this](int number) { return number == 1 ? terminal.Device() : missing; }};
+  static constexpr int kWatchInterval = 20;  // milliseconds
+  SerialPort port{[this](int number) { return number == 1 ? terminal.Device() : missing; },
+                  kWatchInterval};
   Ears ears{port};
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -6,7 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 using testing::AllOf;
@@ -78,4 +78,4 @@ TEST_F(SerialPortTest, MissingPermissionNamesNoGroupThatWouldNotHelp) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 constexpr CodePage kWestern = CodePage::kWestern;
@@ -99,4 +99,4 @@ TEST(ReplyMeaning, OfAReplyCutShortHasNoData) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -5,7 +5,7 @@
 #include <random>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 using testing::ElementsAre;
@@ -63,6 +63,7 @@ TEST_F(TransactionTest, DeviceLostDuringAWaitEndsItAtOnceWithPortError) {
   FillPanels();
   clock.At(15, [this] { port.Lose(); });
   EXPECT_THROW(Send21(), PortError);
+  EXPECT_THAT(display.Losses(), IsEmpty());
   EXPECT_LE(clock.Now(), 20);
   EXPECT_FALSE(port.IsOpen());
   ExpectReadyAgain();
@@ -127,8 +128,9 @@ TEST_F(TransactionTest, DeviceLostAfterANestedCallEndedIsReportedByTheOuterOne) 
   EXPECT_THAT(clock.PortErrors(), IsEmpty());
 }
 
-TEST_F(TransactionTest, DeviceLostWithNoCommandWaitingIsReportedToTheEventLoop) {
-  EXPECT_THROW(port.Lose(), PortError);
+TEST_F(TransactionTest, DeviceLostWithNoCommandWaitingIsShownAndThrowsNothing) {
+  EXPECT_NO_THROW(port.Lose());
+  EXPECT_THAT(display.Losses(), ElementsAre(StartsWith("COM 1 is gone: Input/output error")));
   EXPECT_THROW(Send21(), PortError);
   port.Open();
   ExpectNextCommandWorks();
@@ -145,14 +147,42 @@ TEST_F(TransactionTest, CommandPressedAfterTheLossFailsByItselfAndTheWaitStillEn
   ExpectReadyAgain();
 }
 
-TEST_F(TransactionTest, FailedWriteOfANestedCommandLeavesTheOuterOneToItsTimeLimit) {
+TEST_F(TransactionTest, FailedWriteOfANestedCommandEndsTheOuterOneAtOnceAndSilently) {
+  FillPanels();
   port.FailAtWrite(2);
   SendAt(15, kFrame54);
-  Send21();
+  EXPECT_THROW(Send21(), ExchangeEnded);
   EXPECT_EQ(clock.PortErrors().size(), 1U);
+  EXPECT_EQ(Response(), "");
+  EXPECT_LE(clock.Now(), 20);
+  ExpectReadyAgain();
+  port.Open();
+  ExpectNextCommandWorks();
+}
+
+TEST_F(TransactionTest, FailedResendOfTheInnermostOfThreeCallsEndsAllThree) {
+  port.FailAtWrite(4);
+  SendAt(15, kFrame54);
+  SendAt(30, kFrame5F);
+  ReceiveAt(45, "15");
+  EXPECT_THROW(Send21(), ExchangeEnded);
+  EXPECT_EQ(clock.PortErrors().size(), 1U);
+  EXPECT_EQ(clock.EventsEndedSilently(), 1);
+  EXPECT_LE(clock.Now(), 60);
+  ExpectReadyAgain();
+}
+
+// The user closed the port by the menu; there is no loss that the outer call could end with.
+TEST_F(TransactionTest, NestedCommandOnAPortClosedFromTheMenuLeavesTheOuterOneToItsTimeLimit) {
+  clock.At(15, [this] {
+    port.Close();
+    transaction.SendCommand(kFrame54, 5000);
+  });
+  Send21();
+  ASSERT_EQ(clock.PortErrors().size(), 1U);
+  EXPECT_THAT(clock.PortErrors()[0], StartsWith("COM 1 is not open"));
   EXPECT_EQ(Response(), "Time up! ");
   EXPECT_LE(clock.Now(), 5025);
-  ExpectReadyAgain();
 }
 
 TEST_F(TransactionTest, PortClosedFromTheMenuDuringAWaitEndsInTimeUp) {
@@ -281,4 +311,4 @@ TEST_F(TransactionTest, RandomBytesEndAsTheirFirstOneSays) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -9,7 +9,7 @@
 
 #include <string>
 
-namespace vantrel {
+namespace vantrel::link {
 
 // Frames and replies that many cases use. A block check is the exclusive-or of all bytes from the
 // command code to ETX.
@@ -63,10 +63,10 @@ class TransactionTest : public testing::Test {
     ExpectReadyAgain();
   }
 
-  ManualClock clock;
-  FakePort port;
-  FakeDisplay display;
+  support::ManualClock clock;
+  support::FakePort port;
+  support::FakeDisplay display;
   Transaction transaction{port, display, clock, CodePage::kWestern};
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 using testing::ElementsAre;
@@ -160,4 +160,4 @@ TEST_F(TransactionTest, CommandRunInTheSecondYieldLeavesItsReplyToTheOuterOne) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 using testing::ElementsAre;
@@ -203,4 +203,4 @@ TEST_F(TransactionTest, ReplyIsDecodedInTheCodePageOfTheTransaction) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

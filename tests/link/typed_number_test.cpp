@@ -6,7 +6,7 @@
 #include <ostream>
 #include <string>
 
-namespace vantrel {
+namespace vantrel::link {
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -110,4 +110,4 @@ TEST(EqualsTwo, RefusesEverythingElse) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::link

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 using testing::ElementsAreArray;
@@ -45,4 +45,4 @@ TEST(TypeCaptions, OfCodabar) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

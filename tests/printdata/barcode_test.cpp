@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 constexpr const char* kCode128Text =
@@ -227,4 +227,4 @@ TEST(BarcodePad, ClearEmptiesPanelOneAndDisablesNext) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

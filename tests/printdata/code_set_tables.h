@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::printdata {
 
 // The three tables are the symbol values 0 to 102 of Code 128 (ISO/IEC 15417), sixteen or ten in a
 // row; the ampersand is doubled, as a button's caption needs it.
@@ -40,4 +40,4 @@ inline const std::vector<std::string> kSetC = {
   "CodeB", "CodeA", "FNC1"};
 // clang-format on
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

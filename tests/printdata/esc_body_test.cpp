@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 // The data field of 41h after a press of the button, header included, with X "0" and Y "47".
@@ -15,9 +15,9 @@ std::string DataField(const std::string& button, const std::string& reply,
   EscFormDouble form;
   form.print_text = print_text;
   form.vertical = vertical;
-  ScriptedDialogs dialogs;
+  support::ScriptedDialogs dialogs;
   const EscSequence& sequence = SequenceOf(button);
-  if (sequence.notice != EscNotice::kNone) dialogs.Answers(Answer::kYes);
+  if (sequence.notice != EscNotice::kNone) dialogs.Answers(dialogs::Answer::kYes);
   dialogs.Types(reply);
   std::string data_string = "left by another form";
   EXPECT_TRUE(RunEscSequence(sequence, form, dialogs, data_string));
@@ -131,7 +131,7 @@ TEST(EscDataField, WorkedExamples) {
             "E22Test Print");
   const std::string x = DataField("CmdEscXx", "5", "Test Print", true);
   EXPECT_EQ(x, "2,0,47,\x1BX0055");
-  EXPECT_EQ(StrToHex(x, CodePage::kWestern), "322C302C34372C1B5830303535");
+  EXPECT_EQ(link::StrToHex(x, link::CodePage::kWestern), "322C302C34372C1B5830303535");
   EXPECT_EQ(DataField("Cmd_EscG", "12", "Test Print", true), "2,0,47,\x1BGC");
 }
 
@@ -152,16 +152,16 @@ TEST(EscDataField, TextWithSignsOfMarkupAndFiveHundredCharactersGoesOutAsItIs) {
 
 TEST(EscDataField, TextAbove7FhAndTwoByteCharactersGoOutAsTheCodePageGivesThem) {
   // e with acute accent: E9h in code page 1252.
-  EXPECT_EQ(StrToHex(DataField("CmdEscS", "1", "\u00E9", true), CodePage::kWestern),
+  EXPECT_EQ(link::StrToHex(DataField("CmdEscS", "1", "\u00E9", true), link::CodePage::kWestern),
             "322C302C34372CE91B533031E9");
   // U+65E5: 93h FAh in code page 932.
-  EXPECT_EQ(StrToHex(DataField("CmdEscS", "1", "\u65E5", true), CodePage::kJapanese),
+  EXPECT_EQ(link::StrToHex(DataField("CmdEscS", "1", "\u65E5", true), link::CodePage::kJapanese),
             "322C302C34372C93FA1B53303193FA");
 }
 
 TEST(EscDataField, ThePrintTextIsReadAfterThePrompt) {
   EscFormDouble form;
-  ScriptedDialogs dialogs;
+  support::ScriptedDialogs dialogs;
   dialogs.Types("1", [&form] { form.print_text = "New"; });
   std::string data_string;
   EXPECT_TRUE(RunEscSequence(SequenceOf("CmdEscFf"), form, dialogs, data_string));
@@ -171,4 +171,4 @@ TEST(EscDataField, ThePrintTextIsReadAfterThePrompt) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -5,7 +5,7 @@
 #include <array>
 #include <stdexcept>
 
-namespace vantrel {
+namespace vantrel::printdata {
 
 // A form without windows.
 class EscFormDouble : public EscForm {
@@ -30,4 +30,4 @@ inline const EscSequence& SequenceOf(const std::string& button) {
   throw std::invalid_argument("no such button: " + button);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 // One row a button and orientation, written out by hand.
@@ -31,9 +31,9 @@ TEST_P(EscPromptTable, TitleTextHintsAndAcceptedNumbers) {
     EscFormDouble form;
     form.vertical = param.vertical;
     form.panels = {"before", "kept"};
-    ScriptedDialogs dialogs;
+    support::ScriptedDialogs dialogs;
     const bool notice = sequence.notice != EscNotice::kNone;
-    if (notice) dialogs.Answers(Answer::kYes);
+    if (notice) dialogs.Answers(dialogs::Answer::kYes);
     for (const std::string& refused : param.refused) dialogs.Types(refused);
     dialogs.Types(accepted);
     std::string data_string;
@@ -214,7 +214,7 @@ INSTANTIATE_TEST_SUITE_P(Buttons, EscPromptTable, testing::ValuesIn(kPrompts),
 
 std::string BodyFor(const std::string& button, const std::string& reply) {
   EscFormDouble form;
-  ScriptedDialogs dialogs;
+  support::ScriptedDialogs dialogs;
   dialogs.Types(reply);
   std::string data_string;
   EXPECT_TRUE(RunEscSequence(SequenceOf(button), form, dialogs, data_string));
@@ -226,7 +226,7 @@ TEST(EscPromptReply, ThereAreEighteenButtons) { EXPECT_EQ(EscSequences().size(),
 TEST(EscPromptReply, CancelReturnsThePromptOfEscEeVvAndWw) {
   for (const char* button : {"Cmd_EscEe", "CmdEscVv", "CmdESCWw"}) {
     EscFormDouble form;
-    ScriptedDialogs dialogs;
+    support::ScriptedDialogs dialogs;
     dialogs.CancelsInput();
     dialogs.CancelsInput();
     dialogs.Types(std::string(button) == "Cmd_EscEe" ? "11" : "1");
@@ -255,7 +255,7 @@ TEST(EscPromptReply, JustBeyondTheRangeIsJudgedAfterRounding) {
   EXPECT_EQ(BodyFor("Cmd_EscG", "-0.5"), "\x1BG0");
   EXPECT_EQ(BodyFor("Cmd_EscG", "15.4"), "\x1BGF");
   EscFormDouble form;
-  ScriptedDialogs dialogs;
+  support::ScriptedDialogs dialogs;
   dialogs.Types("15.5");  // 16
   dialogs.Types("15");
   std::string data_string;
@@ -264,7 +264,7 @@ TEST(EscPromptReply, JustBeyondTheRangeIsJudgedAfterRounding) {
 
 TEST(EscPromptTitle, CarriesThePanelsTextAsItIsAtThatMoment) {
   EscFormDouble form;
-  ScriptedDialogs dialogs;
+  support::ScriptedDialogs dialogs;
   dialogs.Types("99", [&form] { form.panels[0] = "changed"; });
   dialogs.Types("9");
   std::string data_string;
@@ -279,29 +279,29 @@ TEST(EscNoticeBox, AsksYesNoBeforeEscSmallIAndEscCapitalIAlone) {
     EXPECT_EQ(sequence.notice != EscNotice::kNone, asks) << sequence.name;
   }
   EscFormDouble form;
-  ScriptedDialogs dialogs;
-  dialogs.Answers(Answer::kNo, [&form] { EXPECT_EQ(form.panels[0], ""); });
+  support::ScriptedDialogs dialogs;
+  dialogs.Answers(dialogs::Answer::kNo, [&form] { EXPECT_EQ(form.panels[0], ""); });
   std::string data_string;
   EXPECT_FALSE(RunEscSequence(SequenceOf("CmdEscI"), form, dialogs, data_string));
   EXPECT_EQ(dialogs.Last().title, "Notice");
   EXPECT_EQ(dialogs.Last().prompt,
             "This command is invalid for the printer with Japan, China, Taiwan & HK version.\r\n"
             "Will you proceed to execute this command?");
-  EXPECT_EQ(dialogs.Last().buttons, Buttons::kYesNo);
+  EXPECT_EQ(dialogs.Last().buttons, dialogs::Buttons::kYesNo);
   EXPECT_EQ(form.panels[0], "");
 }
 
 TEST(EscNoticeBox, NoLeavesDataStringEmptyForSmallIAndAsItWasForCapitalI) {
   EscFormDouble form;
-  ScriptedDialogs dialogs;
-  dialogs.Answers(Answer::kNo);
+  support::ScriptedDialogs dialogs;
+  dialogs.Answers(dialogs::Answer::kNo);
   std::string data_string = "Test Print";
   EXPECT_FALSE(RunEscSequence(SequenceOf("CmdEscI"), form, dialogs, data_string));
   EXPECT_EQ(data_string, "Test Print");
-  dialogs.Answers(Answer::kNo);
+  dialogs.Answers(dialogs::Answer::kNo);
   EXPECT_FALSE(RunEscSequence(SequenceOf("CmdEsc_i"), form, dialogs, data_string));
   EXPECT_EQ(data_string, "");
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -11,12 +11,12 @@
 
 #include <string>
 
-namespace vantrel {
+namespace vantrel::printdata {
 
 // Drives a form as a user does, its controls found by their names.
 class FormDriver {
  public:
-  explicit FormDriver(SubForm& form) : form_(form) {
+  explicit FormDriver(dialogs::SubForm& form) : form_(form) {
     form.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
   }
@@ -56,7 +56,7 @@ class FormDriver {
   bool HasFocus(const QString& name) const { return QApplication::focusWidget() == Find(name); }
 
  private:
-  SubForm& form_;
+  dialogs::SubForm& form_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::printdata

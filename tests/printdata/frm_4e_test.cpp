@@ -2,6 +2,7 @@
 
 #include "tests/printdata/code_set_tables.h"
 #include "tests/printdata/form_driver.h"
+#include "tests/support/recording_guard.h"
 
 #include <QClipboard>
 #include <QComboBox>
@@ -10,12 +11,12 @@
 
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 class BarcodeForm : public testing::Test {
  protected:
-  BarcodeForm() : form((common.DataString = "left by another form", common)), user(form) {}
+  BarcodeForm() : form((common.DataString = "left by another form", common), guard), user(form) {}
 
   std::string Frame(const char* name) const {
     return user.Find<QGroupBox>(name)->title().toStdString();
@@ -45,7 +46,8 @@ class BarcodeForm : public testing::Test {
     return captions;
   }
 
-  CommonVariables common;
+  link::CommonVariables common;
+  support::RecordingGuard guard;
   Frm4E form;
   FormDriver user;
 };
@@ -123,7 +125,7 @@ TEST_F(BarcodeForm, TheKeysOfTheOtherTypes) {
 
 // The visible keys fill their rows from the left, every row but the last whole, and stand inside
 // the form with their captions whole.
-void ExpectTidyKeys(const SubForm& form) {
+void ExpectTidyKeys(const dialogs::SubForm& form) {
   std::vector<const QAbstractButton*> keys;
   for (int i = 0; i < 103; ++i) {
     const auto* key = form.findChild<QAbstractButton*>(QString("CmdKey_%1").arg(i));
@@ -354,4 +356,4 @@ TEST_F(BarcodeForm, EnterAndEscapeDoNothing) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -1,6 +1,7 @@
 #include "printdata/frm_print_buffer.h"
 
 #include "tests/printdata/form_driver.h"
+#include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QClipboard>
@@ -9,28 +10,30 @@
 
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 class PrintBufferForm : public testing::Test {
  protected:
   struct Shown {
-    Shown(CommonVariables& common, Dialogs& dialogs) : form(common, dialogs), user(form) {}
+    Shown(link::CommonVariables& common, dialogs::Dialogs& dialogs, dialogs::Guard& guard)
+        : form(common, dialogs, guard), user(form) {}
     FrmPrintBuffer form;
     FormDriver user;
   };
 
   std::unique_ptr<Shown> Show41h() {
     common.IsPrintData = true;
-    return std::make_unique<Shown>(common, dialogs);
+    return std::make_unique<Shown>(common, dialogs, guard);
   }
   std::unique_ptr<Shown> Show42h() {
     common.IsPrintData = false;
-    return std::make_unique<Shown>(common, dialogs);
+    return std::make_unique<Shown>(common, dialogs, guard);
   }
 
-  CommonVariables common;
-  ScriptedDialogs dialogs;
+  link::CommonVariables common;
+  support::ScriptedDialogs dialogs;
+  support::RecordingGuard guard;
 };
 
 TEST_F(PrintBufferForm, CaptionsAndTextsAtLoad) {
@@ -258,7 +261,7 @@ TEST_F(PrintBufferForm, EveryEscButtonComposesItsBodyAndUnloads) {
     EXPECT_EQ(shown->user.Caption(button.name), button.caption);
     shown->user.Type("TxtPrint", "Tp");
     const bool asks = QString(button.name) == "CmdEsc_i" || QString(button.name) == "CmdEscI";
-    if (asks) dialogs.Answers(Answer::kYes);
+    if (asks) dialogs.Answers(dialogs::Answer::kYes);
     dialogs.Types(button.reply);
     shown->user.Click(button.name);
     EXPECT_EQ(common.DataString, button.data) << button.name;
@@ -289,7 +292,7 @@ TEST_F(PrintBufferForm, EscXAsksByTheDirectionSelected) {
 
 TEST_F(PrintBufferForm, EscSmallIAnsweredNoLeavesTheHeaderAloneToTheCloseBox) {
   const auto shown = Show41h();
-  dialogs.Answers(Answer::kNo);
+  dialogs.Answers(dialogs::Answer::kNo);
   shown->user.Click("CmdEsc_i");
   EXPECT_TRUE(shown->form.isVisible());
   shown->form.close();
@@ -298,7 +301,7 @@ TEST_F(PrintBufferForm, EscSmallIAnsweredNoLeavesTheHeaderAloneToTheCloseBox) {
 
 TEST_F(PrintBufferForm, EscCapitalIAnsweredNoLeavesTheTextToTheCloseBox) {
   const auto shown = Show41h();
-  dialogs.Answers(Answer::kNo);
+  dialogs.Answers(dialogs::Answer::kNo);
   shown->user.Click("CmdEscI");
   EXPECT_TRUE(shown->form.isVisible());
   shown->form.close();
@@ -309,7 +312,7 @@ TEST_F(PrintBufferForm, AClosingPromptDoesNotActivateTheFormAgain) {
   const auto shown = Show41h();
   shown->user.Click("Opt_direction_3");
   shown->user.Type("TxtPrint", "Edited");
-  dialogs.Answers(Answer::kNo, [&shown] {
+  dialogs.Answers(dialogs::Answer::kNo, [&shown] {
     QDialog box(&shown->form);
     box.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&box));
@@ -355,4 +358,4 @@ TEST_F(PrintBufferForm, APrintTextOfFiveHundredCharactersAndAnEmptyOne) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

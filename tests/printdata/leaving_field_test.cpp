@@ -1,5 +1,6 @@
 #include "printdata/frm_print_buffer.h"
 #include "tests/printdata/form_driver.h"
+#include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QContextMenuEvent>
@@ -7,7 +8,7 @@
 #include <QMenu>
 #include <QRadioButton>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 constexpr const char* kXVertical =
@@ -17,10 +18,10 @@ constexpr const char* kXVertical =
 class LeavingAField : public testing::Test {
  protected:
   explicit LeavingAField(bool print_data = true)
-      : common(Variables(print_data)), form(common, dialogs), user(form) {}
+      : common(Variables(print_data)), form(common, dialogs, guard), user(form) {}
 
-  static CommonVariables Variables(bool print_data) {
-    CommonVariables variables;
+  static link::CommonVariables Variables(bool print_data) {
+    link::CommonVariables variables;
     variables.IsPrintData = print_data;
     return variables;
   }
@@ -28,14 +29,15 @@ class LeavingAField : public testing::Test {
   std::size_t Boxes() const { return dialogs.All().size(); }
   // A message box that the user answers; the field has got its focus back by then.
   void ExpectBox(const char* field) {
-    dialogs.Answers(Answer::kOk, [this, field] {
+    dialogs.Answers(dialogs::Answer::kOk, [this, field] {
       EXPECT_TRUE(user.HasFocus(field));
       EXPECT_TRUE(form.isVisible());
     });
   }
 
-  CommonVariables common;
-  ScriptedDialogs dialogs;
+  link::CommonVariables common;
+  support::ScriptedDialogs dialogs;
+  support::RecordingGuard guard;
   FrmPrintBuffer form;
   FormDriver user;
 };
@@ -55,7 +57,7 @@ TEST_F(LeavingAField, ByTabShowsTheBoxOnTheNextTurnOnce) {
   ASSERT_EQ(Boxes(), 1U);
   EXPECT_EQ(dialogs.Last().title, "Invalid X coordinate");
   EXPECT_EQ(dialogs.Last().prompt, kXVertical);
-  EXPECT_EQ(dialogs.Last().buttons, Buttons::kOk);
+  EXPECT_EQ(dialogs.Last().buttons, dialogs::Buttons::kOk);
   EXPECT_TRUE(user.HasFocus("TxtXCoordinate"));
   EXPECT_EQ(user.Text("TxtXCoordinate"), "320");
   FormDriver::Turn();
@@ -142,7 +144,7 @@ TEST_F(LeavingAField, ByAClickOnAnEscButtonShowsTheBoxAndThenPressesTheButton) {
 
 TEST_F(LeavingAField, ByAClickOnADirectionJudgesByTheOldDirectionAndThenSelectsTheNewOne) {
   user.Type("TxtXCoordinate", "320");
-  dialogs.Answers(Answer::kOk, [this] {
+  dialogs.Answers(dialogs::Answer::kOk, [this] {
     EXPECT_FALSE(user.Find<QRadioButton>("Opt_direction_3")->isChecked());
     EXPECT_EQ(common.PrintDirection, "2");
   });
@@ -210,7 +212,7 @@ TEST_F(LeavingAField, AButtonAnsweredNoLeavesTheFocusInTheWrongField) {
   user.Type("TxtXCoordinate", "320");
   for (std::size_t i = 1; i <= 2; ++i) {
     ExpectBox("TxtXCoordinate");
-    dialogs.Answers(Answer::kNo);
+    dialogs.Answers(dialogs::Answer::kNo);
     user.Click("CmdEscI");
     EXPECT_EQ(Boxes(), 2 * i);
     EXPECT_TRUE(user.HasFocus("TxtXCoordinate"));
@@ -285,4 +287,4 @@ TEST_F(LeavingTheImageNo, ByAClickOnNextShowsTheBoxAndThenSends) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

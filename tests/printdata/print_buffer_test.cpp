@@ -4,14 +4,14 @@
 
 #include <gtest/gtest.h>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 TEST(ImageExpansion, IsDirectionXYAndImageNumberAsTyped) {
   const std::string data = ComposeImageExpansion({"2", "0", "47"}, "15");
   EXPECT_EQ(data, "2,0,47,15");
   // '2' ',' '0' ',' '4' '7' ',' '1' '5' by the ASCII table.
-  EXPECT_EQ(StrToHex(data, CodePage::kWestern), "322C302C34372C3135");
+  EXPECT_EQ(link::StrToHex(data, link::CodePage::kWestern), "322C302C34372C3135");
 }
 
 TEST(ImageExpansion, NeitherPadsNorStripsZeros) {
@@ -104,4 +104,4 @@ TEST(ImageNoRange, KeepsTheTitleInvalidXCoordinateOnPurpose) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

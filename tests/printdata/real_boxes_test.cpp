@@ -1,13 +1,14 @@
 #include "dialogs/window_dialogs.h"
 #include "printdata/frm_print_buffer.h"
 #include "tests/printdata/form_driver.h"
+#include "tests/support/recording_guard.h"
 
 #include <QTimer>
 #include <QWindow>
 
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::printdata {
 namespace {
 
 // Range messages in real boxes, driven by events of the window system's kind: a box must not take
@@ -27,13 +28,14 @@ class RealBoxes : public testing::Test {
   }
 
   // Presses and releases the mouse as the window system does.
-  static void ClickThroughWindow(const SubForm& form, const QString& name) {
+  static void ClickThroughWindow(const dialogs::SubForm& form, const QString& name) {
     const auto* control = form.findChild<QWidget*>(name);
     QTest::mouseClick(form.windowHandle(), Qt::LeftButton, Qt::NoModifier,
                       control->mapTo(&form, control->rect().center()));
   }
 
-  WindowDialogs dialogs;
+  dialogs::WindowDialogs dialogs;
+  support::RecordingGuard guard;
   std::vector<std::string> titles;
 
  private:
@@ -41,9 +43,9 @@ class RealBoxes : public testing::Test {
 };
 
 TEST_F(RealBoxes, AClickOnNextThatLeavesAWrongFieldIsNotLost) {
-  CommonVariables common;
+  link::CommonVariables common;
   common.IsPrintData = false;
-  FrmPrintBuffer form(common, dialogs);
+  FrmPrintBuffer form(common, dialogs, guard);
   QTimer::singleShot(0, [&form] {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     form.findChild<QWidget*>("TxtImageNo")->setFocus();
@@ -56,9 +58,9 @@ TEST_F(RealBoxes, AClickOnNextThatLeavesAWrongFieldIsNotLost) {
 }
 
 TEST_F(RealBoxes, ALeftFieldsMessageAndTheButtonsPromptComeOneAfterTheOther) {
-  CommonVariables common;
+  link::CommonVariables common;
   common.IsPrintData = true;
-  FrmPrintBuffer form(common, dialogs);
+  FrmPrintBuffer form(common, dialogs, guard);
   QTimer::singleShot(0, [&form] {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     form.findChild<QWidget*>("TxtYCoordinate")->setFocus();
@@ -74,9 +76,9 @@ TEST_F(RealBoxes, ALeftFieldsMessageAndTheButtonsPromptComeOneAfterTheOther) {
 }
 
 TEST_F(RealBoxes, AWrongFieldLeftForAnotherKeepsTheFocusAfterOneBox) {
-  CommonVariables common;
+  link::CommonVariables common;
   common.IsPrintData = true;
-  FrmPrintBuffer form(common, dialogs);
+  FrmPrintBuffer form(common, dialogs, guard);
   const FormDriver user(form);
   user.Find("TxtXCoordinate")->setFocus();
   user.Find<QLineEdit>("TxtXCoordinate")->setText("320");
@@ -92,4 +94,4 @@ TEST_F(RealBoxes, AWrongFieldLeftForAnotherKeepsTheFocusAfterOneBox) {
 }
 
 }  // namespace
-}  // namespace vantrel
+}  // namespace vantrel::printdata

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::support {
 
 // What several doubles were asked to do, in the order in which it happened.
 class CallLog {
@@ -21,4 +22,4 @@ inline void Note(CallLog* log, std::string line) {
   if (log != nullptr) log->Add(std::move(line));
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::support

@@ -1,5 +1,6 @@
 #include "tests/support/console_fixture.h"
 
+#include "console/guarded_application.h"
 #include "console/system_time.h"
 #include "tests/support/current_dialogs.h"
 
@@ -8,7 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
-namespace vantrel {
+namespace vantrel::support {
 
 ConsoleTest::ConsoleTest()
     : port_([this](int number) { return number == 1 ? first_device_ : second_device_; }) {
@@ -22,9 +23,10 @@ ConsoleTest::~ConsoleTest() {
 }
 
 void ConsoleTest::Load() {
-  form_ =
-      std::make_unique<FrmVantrel>(port_, dialogs_, SystemTimeOf(QLocale::c()), CodePage::kWestern,
-                                   [this](int status) { end_status_ = status; });
+  form_ = std::make_unique<console::FrmVantrel>(
+      port_, dialogs_, dynamic_cast<console::GuardedApplication&>(*qApp),
+      console::SystemTimeOf(QLocale::c()), link::CodePage::kWestern,
+      [this](int status) { end_status_ = status; });
   form_->show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(form_.get()));
 }
@@ -34,7 +36,6 @@ void ConsoleTest::Press(const char* name) { QTest::mouseClick(Button(name), Qt::
 void ConsoleTest::Choose(const char* name) {
   auto* entry = form_->findChild<QAction*>(name);
   ASSERT_NE(entry, nullptr) << name;
-  // Through an event, as a real choice comes, so that what it throws meets the application.
   QMetaObject::invokeMethod(entry, &QAction::trigger, Qt::QueuedConnection);
   QCoreApplication::processEvents();
 }
@@ -45,15 +46,21 @@ void ConsoleTest::AnswerAll(const std::string& data_hex, const std::string& stat
   });
 }
 
-void ConsoleTest::OnForm(std::function<void(QDialog&)> act) {
+void ConsoleTest::Once(std::function<bool()> condition, std::function<void()> act) {
   auto* timer = new QTimer(form_.get());
-  QObject::connect(timer, &QTimer::timeout, timer, [timer, act = std::move(act)] {
-    auto* form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (form == nullptr || !form->isVisible()) return;
-    timer->stop();
-    act(*form);
-  });
+  QObject::connect(timer, &QTimer::timeout, timer,
+                   [timer, condition = std::move(condition), act = std::move(act)] {
+                     if (!condition()) return;
+                     timer->stop();
+                     act();
+                   });
   timer->start(1);
+}
+
+void ConsoleTest::OnForm(std::function<void(QDialog&)> act) {
+  const auto form = [] { return qobject_cast<QDialog*>(QApplication::activeModalWidget()); };
+  Once([form] { return form() != nullptr && form()->isVisible(); },
+       [form, act = std::move(act)] { act(*form()); });
 }
 
 void ConsoleTest::Click(QDialog& form, const char* name) {
@@ -83,4 +90,4 @@ bool ConsoleTest::IsChecked(const char* entry) {
   return action != nullptr && action->isChecked();
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::support

@@ -14,7 +14,18 @@
 #include <string>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::support {
+
+// A port of the system that counts how often it is closed, by Open too.
+class CountingPort : public link::SerialPort {
+ public:
+  using SerialPort::SerialPort;
+  void Close() override {
+    ++closings;
+    SerialPort::Close();
+  }
+  int closings = 0;
+};
 
 // A case with the whole console on a real pseudo-terminal, whose other end the case drives. Boxes
 // are scripted.
@@ -29,6 +40,8 @@ class ConsoleTest : public testing::Test {
   void Press(const char* name);
   // Chooses a menu entry.
   void Choose(const char* name);
+  // Runs `act` from the event loop as soon as `condition` holds there.
+  void Once(std::function<bool()> condition, std::function<void()> act);
   // Lets every frame be answered with a good reply that carries `data_hex`.
   void AnswerAll(const std::string& data_hex = "", const std::string& status = "20");
 
@@ -49,9 +62,9 @@ class ConsoleTest : public testing::Test {
   ScriptedDialogs dialogs_;
   std::string first_device_ = peer_.Device();
   std::string second_device_ = "/dev/does-not-exist";
-  SerialPort port_;
-  std::unique_ptr<FrmVantrel> form_;
+  CountingPort port_;
+  std::unique_ptr<console::FrmVantrel> form_;
   int end_status_ = -1;  // the status with which the console ended the program
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::support

@@ -1,36 +1,36 @@
 #include "tests/support/fake_display.h"
 
-namespace vantrel {
+namespace vantrel::support {
 
-const char* NameOf(Field field) {
+const char* NameOf(link::Field field) {
   switch (field) {
-    case Field::TxtCommand:
+    case link::Field::TxtCommand:
       return "TxtCommand";
-    case Field::TxtSyntax:
+    case link::Field::TxtSyntax:
       return "TxtSyntax";
-    case Field::TxtResponse:
+    case link::Field::TxtResponse:
       return "TxtResponse";
-    case Field::LblHints:
+    case link::Field::LblHints:
       return "LblHints";
-    case Field::Panel1:
+    case link::Field::Panel1:
       return "Panel1";
-    case Field::Panel2:
+    case link::Field::Panel2:
       return "Panel2";
   }
   return "?";
 }
 
-std::vector<std::string> FakeDisplay::TextsOf(Field field) const {
+std::vector<std::string> FakeDisplay::TextsOf(link::Field field) const {
   const auto found = texts_.find(field);
   return found == texts_.end() ? std::vector<std::string>() : found->second;
 }
 
-void FakeDisplay::SetText(Field field, const std::string& text) {
+void FakeDisplay::SetText(link::Field field, const std::string& text) {
   texts_[field].push_back(text);
-  Note(log_, std::string(NameOf(field)) + " = \"" + text + "\"");
+  Note(log_, std::string(NameOf(field)) + " = " + text);
 }
 
-std::string FakeDisplay::Text(Field field) const {
+std::string FakeDisplay::Text(link::Field field) const {
   const auto found = texts_.find(field);
   return found == texts_.end() ? "" : found->second.back();
 }
@@ -40,4 +40,6 @@ void FakeDisplay::EnableCommandButtons(bool enabled) {
   Note(log_, enabled ? "Buttons on" : "Buttons off");
 }
 
-}  // namespace vantrel
+void FakeDisplay::ShowLoss(const link::PortError& loss) { losses_.emplace_back(loss.what()); }
+
+}  // namespace vantrel::support

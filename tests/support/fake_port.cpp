@@ -2,16 +2,16 @@
 
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::support {
 
 void FakePort::Receive(std::string_view hex) {
   if (!is_open_) return;
   ReceiveUnnoticed(hex);
-  Notify(PortListener::kReceive);
+  Notify(link::PortListener::kReceive);
 }
 
 void FakePort::ReceiveUnnoticed(std::string_view hex) {
-  const Bytes bytes = BytesOf(hex);
+  const link::Bytes bytes = link::BytesOf(hex);
   input_.insert(input_.end(), bytes.begin(), bytes.end());
 }
 
@@ -21,12 +21,12 @@ void FakePort::Notify(int event_code) {
 
 void FakePort::Lose() {
   Close();
-  if (listener_ != nullptr) listener_->OnLost(DeviceGone(Name(), "Input/output error"));
+  if (listener_ != nullptr) listener_->OnLost(link::DeviceGone(Name(), "Input/output error"));
 }
 
 void FakePort::Open() {
   if (refuses_open_)
-    throw CannotOpen(Name(), OpenFailure::kNotFound, "No such file or directory", "");
+    throw link::CannotOpen(Name(), link::OpenFailure::kNotFound, "No such file or directory", "");
   is_open_ = true;
   input_.clear();
   openings_.push_back(Name() + " " + settings_);
@@ -41,7 +41,7 @@ void FakePort::Close() {
   Note(log_, "Close");
 }
 
-Bytes FakePort::Input() {
+link::Bytes FakePort::Input() {
   Note(log_, "Input");
   return std::exchange(input_, {});
 }
@@ -59,12 +59,12 @@ void FakePort::DiscardOutput() {
   Note(log_, "DiscardOutput");
 }
 
-void FakePort::Output(const Bytes& bytes) {
-  if (!is_open_) throw NotOpen(Name());
-  if (++write_attempts_ == failing_write_) throw WriteFailed(Name(), "Input/output error");
-  writes_.push_back(HexTextOf(bytes));
+void FakePort::Output(const link::Bytes& bytes) {
+  if (!is_open_) throw link::NotOpen(Name());
+  if (++write_attempts_ == failing_write_) throw link::WriteFailed(Name(), "Input/output error");
+  writes_.push_back(link::HexTextOf(bytes));
   Note(log_, "Output " + writes_.back());
   if (when_written_) when_written_(writes_.back());
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::support

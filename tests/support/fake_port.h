@@ -6,13 +6,14 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::support {
 
 // A serial port in memory. It records what it is asked to do; the test plays the printer's side.
 // Made closed, as port 1 at "9600,N,8,1". Its messages name the devices "COM 1" and "COM 2".
-class FakePort : public Port {
+class FakePort : public link::Port {
  public:
   // Writes "Open COM 1 9600,N,8,1", "Close", "DiscardInput", "DiscardOutput", "Input" and "Output
   // 02210322" to the log.
@@ -29,10 +30,13 @@ class FakePort : public Port {
   void Lose();
   // The write of that number, counted from 1 over the port's life, fails; the port stays open.
   void FailAtWrite(int number) { failing_write_ = number; }
+  void FailNextWrite() { failing_write_ = write_attempts_ + 1; }
   // Every Open fails from now on, or succeeds again.
   void RefuseOpen(bool refuse) { refuses_open_ = refuse; }
   // Called after each successful write with what was written, as hex text.
-  void WhenWritten(std::function<void(const std::string&)> action) { when_written_ = action; }
+  void WhenWritten(std::function<void(const std::string&)> action) {
+    when_written_ = std::move(action);
+  }
 
   // Every write that succeeded, as hex text.
   const std::vector<std::string>& Writes() const { return writes_; }
@@ -44,16 +48,16 @@ class FakePort : public Port {
   int CommPort() const { return number_; }
   const std::string& Settings() const { return settings_; }
 
-  void SetListener(PortListener* listener) override { listener_ = listener; }
+  void SetListener(link::PortListener* listener) override { listener_ = listener; }
   void SetCommPort(int number) override { number_ = number; }
   void SetSettings(const std::string& settings) override { settings_ = settings; }
   bool IsOpen() const override { return is_open_; }
   void Open() override;
   void Close() override;
-  Bytes Input() override;
+  link::Bytes Input() override;
   void DiscardInput() override;
   void DiscardOutput() override;
-  void Output(const Bytes& bytes) override;
+  void Output(const link::Bytes& bytes) override;
 
  private:
   std::string Name() const { return "COM " + std::to_string(number_); }
@@ -64,15 +68,15 @@ class FakePort : public Port {
   bool refuses_open_ = false;
   int failing_write_ = 0;
   int write_attempts_ = 0;
-  Bytes input_;
+  link::Bytes input_;
   std::vector<std::string> writes_;
   std::vector<std::string> openings_;
   int closings_ = 0;
   int input_discards_ = 0;
   int output_discards_ = 0;
   std::function<void(const std::string&)> when_written_;
-  PortListener* listener_ = nullptr;
+  link::PortListener* listener_ = nullptr;
   CallLog* log_ = nullptr;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::support

@@ -10,10 +10,12 @@
 #include <stdexcept>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::support {
 namespace {
 
-std::string NameOf(Timer timer) { return timer == Timer::TimeOut ? "TimeOut" : "WaitTimer"; }
+std::string NameOf(link::Timer timer) {
+  return timer == link::Timer::TimeOut ? "TimeOut" : "WaitTimer";
+}
 
 }  // namespace
 
@@ -28,17 +30,17 @@ void ManualClock::Advance(int milliseconds) {
   now_ = std::max(now_, end);
 }
 
-int ManualClock::Ticks(Timer timer) const {
+int ManualClock::Ticks(link::Timer timer) const {
   const auto found = ticks_.find(timer);
   return found == ticks_.end() ? 0 : found->second;
 }
 
-void ManualClock::Start(Timer timer, int milliseconds) {
+void ManualClock::Start(link::Timer timer, int milliseconds) {
   Note(log_, "Start " + NameOf(timer) + " " + std::to_string(milliseconds));
   timers_.insert_or_assign(timer, Due{now_ + milliseconds, made_++});
 }
 
-void ManualClock::Stop(Timer timer) {
+void ManualClock::Stop(link::Timer timer) {
   Note(log_, "Stop " + NameOf(timer));
   timers_.erase(timer);
 }
@@ -77,7 +79,7 @@ bool ManualClock::RunNext(int limit) {
   return true;
 }
 
-void ManualClock::Tick(Timer timer) {
+void ManualClock::Tick(link::Timer timer) {
   timers_.erase(timer);
   ++ticks_[timer];
   Note(log_, NameOf(timer) + " ticks");
@@ -87,11 +89,11 @@ void ManualClock::Tick(Timer timer) {
 void ManualClock::Deliver(const Event& event) {
   try {
     event();
-  } catch (const ExchangeEnded&) {
+  } catch (const link::ExchangeEnded&) {
     ++ended_silently_;
-  } catch (const PortError& error) {
+  } catch (const link::PortError& error) {
     port_errors_.emplace_back(error.what());
   }
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::support

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::support {
 
 // A clock whose time stands still until the test moves it, or until code under test waits with
 // nothing left to do: then time jumps to the next timer or scripted event. Events of one instant
@@ -18,7 +18,7 @@ namespace vantrel {
 // An event may itself wait (a click that sends a nested command). An event that ends in PortError
 // or ExchangeEnded is caught here, as the application catches it around each event it delivers; any
 // other exception leaves the clock.
-class ManualClock : public Clock {
+class ManualClock : public link::Clock {
  public:
   using Event = std::function<void()>;
 
@@ -38,19 +38,19 @@ class ManualClock : public Clock {
   // Moves the time forward and runs what comes due on the way.
   void Advance(int milliseconds);
 
-  bool IsRunning(Timer timer) const { return timers_.contains(timer); }
+  bool IsRunning(link::Timer timer) const { return timers_.contains(timer); }
   // The time at which a running timer ticks.
-  int DueAt(Timer timer) const { return timers_.at(timer).time; }
+  int DueAt(link::Timer timer) const { return timers_.at(timer).time; }
   // Ticks of a timer so far.
-  int Ticks(Timer timer) const;
+  int Ticks(link::Timer timer) const;
   // Messages of the port failures that ended events, first to last.
   const std::vector<std::string>& PortErrors() const { return port_errors_; }
   // How many events ended in ExchangeEnded.
   int EventsEndedSilently() const { return ended_silently_; }
 
   void SetListener(Listener* listener) override { listener_ = listener; }
-  void Start(Timer timer, int milliseconds) override;
-  void Stop(Timer timer) override;
+  void Start(link::Timer timer, int milliseconds) override;
+  void Stop(link::Timer timer) override;
   // Runs what is due now.
   void Yield() override;
   // Runs the next event, moving the time to it. Fails the test and throws std::logic_error where
@@ -68,7 +68,7 @@ class ManualClock : public Clock {
 
   // Runs the first event or tick that comes due up to `limit`; returns whether there was one.
   bool RunNext(int limit);
-  void Tick(Timer timer);
+  void Tick(link::Timer timer);
   void Deliver(const Event& event);
 
   int now_ = 0;
@@ -76,12 +76,12 @@ class ManualClock : public Clock {
   std::map<Due, Event> events_;
   std::map<int, Event> in_yield_;
   int yields_ = 0;
-  std::map<Timer, Due> timers_;
-  std::map<Timer, int> ticks_;
+  std::map<link::Timer, Due> timers_;
+  std::map<link::Timer, int> ticks_;
   std::vector<std::string> port_errors_;
   int ended_silently_ = 0;
   Listener* listener_ = nullptr;
   CallLog* log_ = nullptr;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::support

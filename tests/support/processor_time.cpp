@@ -2,7 +2,7 @@
 
 #include <sys/resource.h>
 
-namespace vantrel {
+namespace vantrel::support {
 
 double ProcessorTime() {
   rusage usage = {};
@@ -13,4 +13,4 @@ double ProcessorTime() {
   return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::support

@@ -1,8 +1,8 @@
 #pragma once
 
-namespace vantrel {
+namespace vantrel::support {
 
 // Milliseconds of processor time that this process has used so far.
 double ProcessorTime();
 
-}  // namespace vantrel
+}  // namespace vantrel::support

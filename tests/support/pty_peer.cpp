@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace vantrel {
+namespace vantrel::support {
 
 PtyPeer::PtyPeer() {
   notifier_ = std::make_unique<QSocketNotifier>(terminal_.Descriptor(), QSocketNotifier::Read);
@@ -44,4 +44,4 @@ std::string PtyPeer::Reply(const std::string& command, const std::string& data_h
   return "0602" + checked + kDigits[check >> 4] + kDigits[check & 0x0F];
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::support

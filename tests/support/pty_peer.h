@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace vantrel {
+namespace vantrel::support {
 
 // The printer's end of a pseudo-terminal, driven by a test from the event loop.
 class PtyPeer {
@@ -44,4 +44,4 @@ class PtyPeer {
   std::unique_ptr<QSocketNotifier> notifier_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::support

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::support {
 
 ScriptedDialogs::~ScriptedDialogs() {
   for (const Step& step : script_)
@@ -14,12 +14,12 @@ ScriptedDialogs::~ScriptedDialogs() {
                                     : std::to_string(static_cast<int>(step.answer)));
 }
 
-void ScriptedDialogs::Answers(Answer answer, std::function<void()> meanwhile) {
+void ScriptedDialogs::Answers(dialogs::Answer answer, std::function<void()> meanwhile) {
   script_.push_back({false, answer, "", std::move(meanwhile)});
 }
 
 void ScriptedDialogs::Types(std::string text, std::function<void()> meanwhile) {
-  script_.push_back({true, Answer::kOk, std::move(text), std::move(meanwhile)});
+  script_.push_back({true, dialogs::Answer::kOk, std::move(text), std::move(meanwhile)});
 }
 
 const ScriptedDialogs::Shown& ScriptedDialogs::Last() const {
@@ -30,6 +30,7 @@ const ScriptedDialogs::Shown& ScriptedDialogs::Last() const {
 
 ScriptedDialogs::Step ScriptedDialogs::Next(bool is_input, const Shown& shown) {
   shown_.push_back(shown);
+  Note(log_, (is_input ? "input: " : "box: ") + shown.title);
   if (script_.empty() || script_.front().is_input != is_input) {
     ADD_FAILURE() << "Unexpected " << (is_input ? "input box" : "message box") << " \""
                   << shown.title << "\": " << shown.prompt;
@@ -41,14 +42,16 @@ ScriptedDialogs::Step ScriptedDialogs::Next(bool is_input, const Shown& shown) {
   return step;
 }
 
-Answer ScriptedDialogs::MsgBox(const std::string& prompt, Buttons buttons, const std::string& title,
-                               Icon icon) {
+dialogs::Answer ScriptedDialogs::MsgBox(const std::string& prompt, dialogs::Buttons buttons,
+                                        const std::string& title, dialogs::Icon icon) {
   return Next(false, {prompt, title, buttons, icon, false, ""}).answer;
 }
 
 std::string ScriptedDialogs::InputBox(const std::string& prompt, const std::string& title,
                                       const std::string& default_text) {
-  return Next(true, {prompt, title, Buttons::kOk, Icon::kNone, true, default_text}).text;
+  return Next(true,
+              {prompt, title, dialogs::Buttons::kOk, dialogs::Icon::kNone, true, default_text})
+      .text;
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::support

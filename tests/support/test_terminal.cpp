@@ -15,7 +15,7 @@
 #include <system_error>
 #include <utility>
 
-namespace vantrel {
+namespace vantrel::support {
 
 TestTerminal::TestTerminal() {
   std::array<char, 128> name = {};
@@ -33,7 +33,7 @@ TestTerminal::~TestTerminal() {
 }
 
 void TestTerminal::Send(std::string_view hex) const {
-  const Bytes bytes = BytesOf(hex);
+  const link::Bytes bytes = link::BytesOf(hex);
   EXPECT_EQ(write(printer_, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
@@ -41,11 +41,11 @@ std::string TestTerminal::Received(std::size_t bytes) const {
   std::string hex;
   pollfd descriptor = {printer_, POLLIN, 0};
   while (poll(&descriptor, 1, hex.size() / 2 < bytes ? 1000 : 0) > 0) {
-    Bytes block(4096);
+    link::Bytes block(4096);
     const ssize_t count = read(printer_, block.data(), block.size());
     if (count <= 0) break;
     block.resize(static_cast<std::size_t>(count));
-    hex += HexTextOf(block);
+    hex += link::HexTextOf(block);
   }
   return hex;
 }
@@ -76,4 +76,4 @@ void TestTerminal::Vanish() {
   if (printer_ >= 0) close(std::exchange(printer_, -1));
 }
 
-}  // namespace vantrel
+}  // namespace vantrel::support

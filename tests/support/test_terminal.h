@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace vantrel {
+namespace vantrel::support {
 
 // The printer's end of a raw pseudo-terminal. It holds a handle to the other end, too, so that a
 // console's closing does not end it.
@@ -42,4 +42,4 @@ class TestTerminal {
   std::string device_;
 };
 
-}  // namespace vantrel
+}  // namespace vantrel::support

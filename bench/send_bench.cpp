@@ -1,0 +1,142 @@
+// How soon is the first byte on the line, what does an exchange cost beyond the tick of the wait,
+// and what do the frames of a full-face picture cost? A peer on a pseudo-terminal answers 58h at
+// once from a thread of its own.
+
+#include "send/job.h"
+#include "send/line_port.h"
+#include "send/sender.h"
+#include "send/table.h"
+
+#include <benchmark/benchmark.h>
+
+#include <poll.h>
+#include <pty.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <cstdlib>
+#include <string>
+#include <thread>
+#include <vector>
+
+extern char** environ;
+
+namespace vantrel::bench {
+namespace {
+
+using SteadyClock = std::chrono::steady_clock;
+
+class Peer {
+ public:
+  Peer() {
+    termios settings = {};
+    cfmakeraw(&settings);
+    char name[256] = {};
+    if (openpty(&master_, &slave_, name, &settings, nullptr) != 0) std::abort();
+    device_ = name;
+    thread_ = std::thread([this] { Serve(); });
+  }
+  ~Peer() {
+    stop_ = true;
+    thread_.join();
+    close(slave_);
+    close(master_);
+  }
+  Peer(const Peer&) = delete;
+  Peer& operator=(const Peer&) = delete;
+
+  const std::string& Device() const { return device_; }
+  // When the first byte of the latest frame came.
+  SteadyClock::time_point Heard() const { return SteadyClock::time_point(heard_.load()); }
+
+ private:
+  void Serve() {
+    static constexpr std::array<unsigned char, 6> kReply = {0x06, 0x02, 0x58, 0x20, 0x03, 0x7B};
+    while (!stop_) {
+      pollfd descriptor = {master_, POLLIN, 0};
+      if (poll(&descriptor, 1, 200) <= 0) continue;
+      heard_ = SteadyClock::now().time_since_epoch();
+      std::array<unsigned char, 64> bytes{};
+      const ssize_t count = read(master_, bytes.data(), bytes.size());
+      if (count > 1 && write(master_, kReply.data(), kReply.size()) != 6) std::abort();
+    }
+  }
+
+  int master_ = -1;
+  int slave_ = -1;
+  std::string device_;
+  std::atomic<bool> stop_{false};
+  std::atomic<SteadyClock::duration> heard_{};
+  std::thread thread_;
+};
+
+void FromStartToFirstByte(benchmark::State& state) {
+  const Peer peer;
+  std::vector<std::string> words = {
+      VANTREL_SEND_PROGRAM, "--port", peer.Device(), "--expect", "20", "--quiet", "58"};
+  std::vector<char*> arguments;
+  for (std::string& word : words) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", 1, 0);
+  for (auto _ : state) {
+    pid_t process = 0;
+    int status = 0;
+    const auto start = SteadyClock::now();
+    if (posix_spawn(&process, arguments[0], &actions, nullptr, arguments.data(), environ) != 0 ||
+        waitpid(process, &status, 0) != process || status != 0) {
+      state.SkipWithError("vantrel-send failed");
+      break;
+    }
+    state.SetIterationTime(std::chrono::duration<double>(peer.Heard() - start).count());
+  }
+  posix_spawn_file_actions_destroy(&actions);
+}
+BENCHMARK(FromStartToFirstByte)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(100);
+
+// The wait looks every ten milliseconds, so an exchange that is answered at once takes these and
+// what is measured here.
+void ExchangeBeyondTheTick(benchmark::State& state) {
+  constexpr double kTick = 0.010;  // seconds
+  const Peer peer;
+  send::PollClock clock;
+  send::LinePort port(peer.Device(), 9600, clock);
+  send::Sender sender(port, clock, link::CodePage::kWestern);
+  port.Open();
+  for (auto _ : state) {
+    const auto start = SteadyClock::now();
+    if (!sender.Send("0258035B", 1000).status) state.SkipWithError("there is no reply");
+    state.SetIterationTime(std::chrono::duration<double>(SteadyClock::now() - start).count() -
+                           kTick);
+  }
+}
+BENCHMARK(ExchangeBeyondTheTick)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(200);
+
+void ComposeAFullFacesPicture(benchmark::State& state) {
+  send::Picture picture;
+  picture.width = 480;
+  picture.height = 320;
+  for (int i = 0; i < 480 * 320; ++i)
+    picture.grey.push_back(static_cast<std::uint8_t>(i * 7 % 256));
+  picture.alpha.assign(picture.grey.size(), 255);
+  const send::Means means{
+      .read_picture = [&](const std::string&, const send::PictureLimits&) { return picture; }};
+  const std::vector<std::string> words = {"4D", "--dither", "--picture", "p"};
+  const commandline::Parsed parsed = commandline::Parse(send::SendTable(), words);
+  for (auto _ : state) {
+    const send::Job job = send::Compose(parsed, means);
+    if (job.frames.size() != 96) state.SkipWithError("these are not all frames");
+  }
+}
+BENCHMARK(ComposeAFullFacesPicture)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace vantrel::bench
+
+BENCHMARK_MAIN();

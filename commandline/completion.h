@@ -1,0 +1,13 @@
+#pragma once
+
+#include "commandline/table.h"
+
+#include <string>
+
+namespace vantrel::commandline {
+
+// A script of bash that completes the program's command line: commands, options, and values that
+// are files or have choices. It needs nothing but bash.
+std::string BashCompletion(const Program& program);
+
+}  // namespace vantrel::commandline

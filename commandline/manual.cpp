@@ -1,0 +1,161 @@
+#include "commandline/manual.h"
+
+#include "commandline/help.h"
+
+#include <algorithm>
+#include <cctype>
+#include <stdexcept>
+
+namespace vantrel::commandline {
+namespace {
+
+std::string InCapitals(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), [](unsigned char character) {
+    return static_cast<char>(std::toupper(character));
+  });
+  return text;
+}
+
+// Text in which roff finds nothing of its own.
+std::string Escaped(std::string_view text) {
+  std::string escaped;
+  for (const char character : text) {
+    if (character == '\\')
+      escaped += "\\e";
+    else if (character == '-')
+      escaped += "\\-";
+    else if (character == '\'')
+      escaped += "\\(aq";
+    else if (character == '^')
+      escaped += "\\(ha";
+    else if (character == '~')
+      escaped += "\\(ti";
+    else
+      escaped += character;
+  }
+  return escaped;
+}
+
+bool IsWordCharacter(char character) {
+  return std::isalnum(static_cast<unsigned char>(character)) != 0 || character == '_';
+}
+
+// Options in bold; words in capitals that `is_placeholder` accepts in italics.
+template <typename IsPlaceholder>
+std::string Styled(std::string_view text, IsPlaceholder is_placeholder) {
+  std::string styled;
+  std::size_t i = 0;
+  while (i < text.size()) {
+    std::size_t end = i;
+    const bool at_start = i == 0 || !IsWordCharacter(text[i - 1]);
+    if (at_start && text[i] == '-') {
+      while (end < text.size() && (IsWordCharacter(text[end]) || text[end] == '-')) ++end;
+      if (end - i > 1) {
+        styled += "\\fB" + Escaped(text.substr(i, end - i)) + "\\fR";
+        i = end;
+        continue;
+      }
+      end = i;
+    }
+    if (at_start && IsWordCharacter(text[i])) {
+      while (end < text.size() && IsWordCharacter(text[end])) ++end;
+      const std::string_view word = text.substr(i, end - i);
+      styled += is_placeholder(word) ? "\\fI" + std::string(word) + "\\fR" : std::string(word);
+      i = end;
+      continue;
+    }
+    styled += Escaped(text.substr(i, 1));
+    ++i;
+  }
+  return styled;
+}
+
+bool IsCapitals(std::string_view word) {
+  return std::all_of(word.begin(), word.end(),
+                     [](unsigned char character) { return std::isupper(character) != 0; });
+}
+
+std::string SynopsisStyle(std::string_view text) { return Styled(text, IsCapitals); }
+
+// Prose on one line each sentence, so that no line begins with a control character and changes
+// read well.
+std::string Prose(const std::string& text, const std::string& value_name) {
+  std::string styled = Styled(
+      text, [&](std::string_view word) { return !value_name.empty() && word == value_name; });
+  for (std::size_t i = styled.find(". "); i != std::string::npos; i = styled.find(". ", i + 1))
+    styled[i + 1] = '\n';
+  return styled + '\n';
+}
+
+std::string Name(const Program& program) {
+  return ".TH " + InCapitals(Escaped(program.name)) + " 1 \"" VANTREL_DATE "\" \"vantrel " +
+         program.version + "\" \"User Commands\"\n.SH NAME\n" + Escaped(program.name) + " \\- " +
+         Escaped(program.summary) + '\n';
+}
+
+std::string Synopsis(const Program& program) {
+  std::string text = ".SH SYNOPSIS\n";
+  bool first = true;
+  for (const std::string& line : SynopsisOf(program)) {
+    if (!first) text += ".PP\n";
+    first = false;
+    text += ".B " + Escaped(program.name) + '\n' + SynopsisStyle(line) + '\n';
+  }
+  return text;
+}
+
+std::string Tagged(const std::string& tag, const std::string& help, const std::string& value_name) {
+  return ".TP\n" + SynopsisStyle(tag) + '\n' + Prose(help, value_name);
+}
+
+std::string Options(const Program& program) {
+  std::string text = ".SH OPTIONS\n";
+  for (const std::vector<Option>& options : {CommonOptions(), program.options})
+    for (const Option& option : options)
+      text += Tagged(Spelling(option), HelpOf(option), option.value.name);
+  return text;
+}
+
+std::string Commands(const Program& program) {
+  std::string text = ".SH COMMANDS\n";
+  for (const Command& command : program.commands) {
+    std::string synopsis = SynopsisOf(command).substr(command.name.size());
+    text += ".TP\n\\fB" + Escaped(command.name) + "\\fR" + SynopsisStyle(synopsis) + '\n' +
+            Prose(command.summary + ".", "");
+    std::string inner;
+    for (const Parameter& parameter : command.parameters)
+      if (const std::string help = HelpOf(parameter); !help.empty())
+        inner += Tagged(parameter.value.name, help, parameter.value.name);
+    for (const Option& option : command.options)
+      inner += Tagged(Spelling(option), HelpOf(option), option.value.name);
+    if (!inner.empty()) text += ".RS\n" + inner + ".RE\n";
+  }
+  return text;
+}
+
+std::string Replacement(const Program& program, std::string_view line) {
+  if (line == "@NAME@") return Name(program);
+  if (line == "@SYNOPSIS@") return Synopsis(program);
+  if (line == "@OPTIONS@") return Options(program);
+  if (line == "@COMMANDS@") return Commands(program);
+  throw std::invalid_argument("The page has a line " + std::string(line) +
+                              " that stands for nothing.");
+}
+
+}  // namespace
+
+std::string ManualPage(const Program& program, std::string_view page) {
+  std::string text;
+  while (!page.empty()) {
+    const std::size_t end = std::min(page.find('\n'), page.size());
+    const std::string_view line = page.substr(0, end);
+    page.remove_prefix(std::min(end + 1, page.size()));
+    if (line.size() > 1 && line.front() == '@' && line.back() == '@')
+      text += Replacement(program, line);
+    else
+      text += std::string(line) + '\n';
+  }
+  return text;
+}
+
+}  // namespace vantrel::commandline

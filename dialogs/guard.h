@@ -1,0 +1,22 @@
+#pragma once
+
+#include <functional>
+#include <utility>
+
+namespace vantrel::dialogs {
+
+// Deals with what the work of an event throws, because the library's own functions, through which
+// every event comes, must not be left by an exception.
+class Guard {
+ public:
+  virtual ~Guard() = default;
+  // Runs `work`, now. Returns when it has ended and what it threw has been told; throws nothing.
+  virtual void Run(const std::function<void()>& work) = 0;
+};
+
+// `work` to be connected to a signal: it runs inside `guard`, which must outlive the connection.
+inline std::function<void()> Guarded(Guard& guard, std::function<void()> work) {
+  return [&guard, work = std::move(work)] { guard.Run(work); };
+}
+
+}  // namespace vantrel::dialogs

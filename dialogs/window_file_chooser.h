@@ -1,0 +1,14 @@
+#pragma once
+
+#include "dialogs/file_chooser.h"
+
+namespace vantrel::dialogs {
+
+// Asks with the system's file dialog.
+class WindowFileChooser : public FileChooser {
+ public:
+  QString SaveName(QWidget* parent, const QString& title, const QString& suggestion,
+                   const QString& filters) override;
+};
+
+}  // namespace vantrel::dialogs

@@ -1,0 +1,11 @@
+#!/bin/bash
+# Prints a card for each member of a CSV file of "number,name": members.sh MEMBERS.csv [OPTION...]
+# Options go to vantrel-send, for example --port /dev/ttyUSB0.
+set -u
+file=${1:?which CSV file?}
+shift
+while IFS=, read -r number name; do
+  # 53 waits for a card; 46 1 prints it and hands it out.
+  printf '%s\n' 53 40 "41 --direction 3 --x 24 --y 60 -- '${name//\'/\'\\\'\'}'" \
+    "4E --set C --top 200 --bottom 260 '$number'" '46 1'
+done <"$file" | vantrel-send "$@" -

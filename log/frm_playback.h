@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace vantrel::dialogs {
+class FileChooser;
+}
+
+namespace vantrel::log {
+
+class PlaybackServer;
+class LineRecorder;
+
+// The window of a capture that is played back: how far it is, and what goes over the line.
+class FrmPlayback : public QWidget {
+  Q_OBJECT
+
+ public:
+  // `path` names the capture. Server, recorder and chooser must outlive the form.
+  FrmPlayback(const QString& path, const PlaybackServer& server, LineRecorder& recorder,
+              dialogs::FileChooser& files, QWidget* parent = nullptr);
+
+ private:
+  QLabel* MakeLabel(const char* name);
+  void ShowState();
+
+  const PlaybackServer& server_;
+  QLabel* LblDevice = nullptr;
+  QLabel* LblPlayed = nullptr;
+  QLabel* LblUnexpected = nullptr;
+};
+
+}  // namespace vantrel::log

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace vantrel::dialogs {
+class FileChooser;
+}
+
+namespace vantrel::log {
+
+class LineRecorder;
+class LogPanel;
+
+// The window of a pass-through: what goes between a console and a real printer.
+class FrmThrough : public QWidget {
+  Q_OBJECT
+
+ public:
+  // `console_device` is what the console opens, `printer_device` the real printer's. The recorder
+  // and the chooser must outlive the form.
+  FrmThrough(const QString& console_device, const QString& printer_device, LineRecorder& recorder,
+             dialogs::FileChooser& files, QWidget* parent = nullptr);
+
+  // Tells that nothing is passed on any more, and why; the log stays.
+  void TellEnd(const QString& reason);
+
+ private:
+  QLabel* LblThrough = nullptr;
+};
+
+}  // namespace vantrel::log

@@ -1,0 +1,184 @@
+#include "log/log_model.h"
+
+#include <QColor>
+#include <QFont>
+#include <QFontDatabase>
+
+#include <algorithm>
+#include <limits>
+#include <string>
+
+namespace vantrel::log {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Few enough that no event has to wait long.
+constexpr std::size_t kPortion = 2000;
+// Characters of a cell; the whole is in what is copied or saved.
+constexpr std::size_t kMostInCell = 600;
+
+QString Shortened(std::string text) {
+  if (text.size() > kMostInCell) {
+    text.resize(kMostInCell);
+    text += " ...";
+  }
+  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+QString ColumnText(const LogEntry& entry, int column) {
+  switch (column) {
+    case LogModel::kTime:
+      return Shortened(TimeInWords(entry.time));
+    case LogModel::kDirection:
+      return Shortened(std::string(DirectionInWords(entry.direction)));
+    case LogModel::kHex:
+      return Shortened(HexOf(entry));
+    case LogModel::kCharacters:
+      return Shortened(CharactersOf(entry));
+    case LogModel::kMeaning:
+      return Shortened(MeaningOf(entry));
+    default:
+      return {};
+  }
+}
+
+bool EntryHolds(const LogEntry& entry, const QString& text) {
+  const auto holds = [&text](const std::string& column) {
+    return QString::fromLatin1(column.data(), static_cast<qsizetype>(column.size()))
+        .contains(text, Qt::CaseInsensitive);
+  };
+  return holds(MeaningOf(entry)) || holds(HexOf(entry)) || holds(CharactersOf(entry)) ||
+         holds(TimeInWords(entry.time));
+}
+
+LogModel::LogModel(LineRecorder& recorder, QObject* parent)
+    : QAbstractTableModel(parent), recorder_(recorder) {
+  later_.setSingleShot(true);
+  connect(&later_, &QTimer::timeout, this, [this] {
+    if (TakePortion(kPortion)) later_.start(0);
+  });
+  connect(&recorder_, &LineRecorder::Recorded, this, [this] {
+    if (!later_.isActive()) later_.start(30ms);
+  });
+  Restart();
+}
+
+void LogModel::SetDirection(std::optional<protocol::Direction> direction) {
+  direction_ = direction;
+  Restart();
+}
+
+void LogModel::SetText(const QString& text) {
+  text_ = text;
+  Restart();
+}
+
+void LogModel::CatchUp() { TakePortion(std::numeric_limits<std::size_t>::max()); }
+
+const LogEntry* LogModel::EntryOf(int row) const {
+  if (row < 0 || row >= rowCount()) return nullptr;
+  const auto at = static_cast<std::size_t>(row);
+  const std::size_t number = IsFiltered() ? matches_[at] : first_ + at;
+  const LineLog& log = recorder_.Log();
+  return number >= log.First() && number < log.End() ? &log.At(number) : nullptr;
+}
+
+int LogModel::rowCount(const QModelIndex& parent) const {
+  if (parent.isValid()) return 0;
+  return static_cast<int>(IsFiltered() ? matches_.size() : end_ - first_);
+}
+
+int LogModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(kColumns);
+}
+
+QVariant LogModel::data(const QModelIndex& index, int role) const {
+  if (role == Qt::FontRole) {
+    if (index.column() == kMeaning) return {};
+    static const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    return fixed;
+  }
+  if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+  const LogEntry* entry = EntryOf(index.row());
+  return entry != nullptr ? ColumnText(*entry, index.column()) : QVariant();
+}
+
+QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal)
+    return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
+  switch (section) {
+    case kTime:
+      return tr("Time");
+    case kDirection:
+      return tr("Direction");
+    case kHex:
+      return tr("Hex");
+    case kCharacters:
+      return tr("Characters");
+    default:
+      return tr("Meaning");
+  }
+}
+
+bool LogModel::Matches(const LogEntry& entry) const {
+  if (direction_ && entry.direction != *direction_) return false;
+  return text_.isEmpty() || EntryHolds(entry, text_);
+}
+
+void LogModel::Restart() {
+  beginResetModel();
+  matches_.clear();
+  first_ = recorder_.Log().First();
+  end_ = IsFiltered() ? first_ : recorder_.Log().End();
+  settled_ = recorder_.Log().Settled();
+  endResetModel();
+  if (IsFiltered()) later_.start(0);
+}
+
+bool LogModel::TakePortion(std::size_t most) {
+  DropOldest();
+  const LineLog& log = recorder_.Log();
+  if (!IsFiltered()) {
+    // Rows that could still grow when they were last looked at.
+    if (settled_ < end_)
+      emit dataChanged(index(static_cast<int>(settled_ - first_), kHex),
+                       index(static_cast<int>(end_ - first_) - 1, kMeaning));
+    if (log.End() > end_) {
+      beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(log.End() - end_) - 1);
+      end_ = log.End();
+      endInsertRows();
+    }
+    settled_ = log.Settled();
+    return false;
+  }
+  std::deque<std::size_t> found;
+  for (; end_ < log.Settled() && most > 0; ++end_, --most) {
+    if (Matches(log.At(end_))) found.push_back(end_);
+  }
+  if (!found.empty()) {
+    beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(found.size()) - 1);
+    matches_.insert(matches_.end(), found.begin(), found.end());
+    endInsertRows();
+  }
+  return end_ < log.Settled();
+}
+
+void LogModel::DropOldest() {
+  const std::size_t first = recorder_.Log().First();
+  if (first == first_) return;
+  const auto dropped =
+      IsFiltered() ? std::lower_bound(matches_.begin(), matches_.end(), first) - matches_.begin()
+                   : static_cast<std::ptrdiff_t>(std::min(first, end_) - first_);
+  if (dropped > 0) beginRemoveRows({}, 0, static_cast<int>(dropped) - 1);
+  if (IsFiltered()) matches_.erase(matches_.begin(), matches_.begin() + dropped);
+  first_ = first;
+  end_ = std::max(end_, first);
+  settled_ = std::max(settled_, first);
+  if (dropped > 0) endRemoveRows();
+}
+
+}  // namespace vantrel::log

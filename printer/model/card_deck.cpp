@@ -1,0 +1,21 @@
+#include "printer/model/card_deck.h"
+
+#include <stdexcept>
+#include <utility>
+
+namespace vantrel::printer {
+
+Card CardDeck::Choose(std::size_t index, Card returned) {
+  if (index >= cards_.size()) throw std::out_of_range("There is no such card in the deck.");
+  cards_[current_].card = std::move(returned);
+  current_ = index;
+  return std::exchange(cards_[index].card, {});
+}
+
+Card CardDeck::Make(Card returned) {
+  if (IsFull()) throw std::length_error("The deck is full.");
+  cards_.push_back({"Card " + std::to_string(cards_.size() + 1), {}});
+  return Choose(cards_.size() - 1, std::move(returned));
+}
+
+}  // namespace vantrel::printer

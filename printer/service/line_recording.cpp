@@ -1,0 +1,20 @@
+#include "printer/service/line_recording.h"
+
+#include "log/line_recorder.h"
+#include "printer/service/printer_server.h"
+
+namespace vantrel::printer {
+
+void RecordLineOf(PrinterServer& server, log::LineRecorder& recorder) {
+  using protocol::Direction;
+  QObject::connect(
+      &server, &PrinterServer::Received, &recorder,
+      [&recorder](const QByteArray& bytes) { recorder.Record(Direction::kFromConsole, bytes); });
+  QObject::connect(&server, &PrinterServer::Sent, &recorder, [&recorder](const QByteArray& bytes) {
+    recorder.Record(Direction::kFromPrinter, bytes);
+  });
+  QObject::connect(&server, &PrinterServer::Remarked, &recorder,
+                   [&recorder](const QString& remark) { recorder.Comment(remark.toStdString()); });
+}
+
+}  // namespace vantrel::printer

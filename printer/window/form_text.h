@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+
+#include <string_view>
+#include <type_traits>
+
+namespace vantrel::printer {
+
+// One character a byte.
+QString ToQt(std::string_view bytes);
+// "41 42".
+QString HexToQt(std::string_view bytes);
+
+// Sets a text only where it is another one, so that a caret and a selection stay.
+template <typename Box>
+void SetText(Box* box, const QString& text) {
+  if (box->text() == text) return;
+  box->setText(text);
+  // A line that is longer than its box shows its beginning.
+  if constexpr (std::is_same_v<Box, QLineEdit>) {
+    if (box->isReadOnly()) box->setCursorPosition(0);
+  }
+}
+
+}  // namespace vantrel::printer

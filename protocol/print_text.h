@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantrel::protocol {
+
+inline constexpr char kEscape = 0x1B;
+
+// A piece of print text: a stretch of characters, a carriage return, a line feed, or one of the
+// eighteen ESC sequences.
+struct TextItem {
+  // '\0' for characters, '\r', '\n', or the letter of the sequence; upper case where the sequence
+  // takes either case.
+  char letter = '\0';
+  int value = 0;     // of the sequence
+  std::string text;  // the characters' bytes
+
+  friend bool operator==(const TextItem&, const TextItem&) = default;
+};
+
+// Takes print text apart. Returns nothing where it holds an unknown ESC sequence, a sequence with a
+// wrong or missing value, or a control character other than CR, LF and ESC. `vertical` decides
+// which X and Y are possible.
+std::optional<std::vector<TextItem>> ParsePrintText(std::string_view text, bool vertical);
+
+// The digits that follow an ESC and this letter; 0 for a letter that has no sequence.
+std::size_t EscapeDigits(char letter);
+
+}  // namespace vantrel::protocol

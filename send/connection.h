@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace vantrel::send {
+
+// An open line.
+class Connection {
+ public:
+  virtual ~Connection() = default;
+  // Reads and writes without blocking.
+  virtual int Descriptor() const = 0;
+  // What is to be said when it ends of itself: "The device /dev/ttyS0 is gone."
+  virtual std::string GoneInWords() const = 0;
+  // Empties what the system holds of one way.
+  virtual void DiscardInput() {}
+  virtual void DiscardOutput() {}
+  // In bits a second; false where the line does not take it.
+  virtual bool SetSpeed(int /*speed*/) { return true; }
+};
+
+// Waits until a descriptor is ready for `events` of poll, at most so many milliseconds, or until
+// the program is asked to end; false in both these cases.
+using WaitFor = std::function<bool(int descriptor, short events, int milliseconds)>;
+
+// Opens a serial device of 8 bits without parity, for this program alone, and leaves nothing unread
+// in it. Its settings are put back when the connection is destroyed. Throws link::PortError.
+std::unique_ptr<Connection> OpenSerial(const std::string& device, int speed);
+
+// Connects to "HOST:PORT", in five seconds at most. Throws link::PortError.
+std::unique_ptr<Connection> OpenTcp(const std::string& host_and_port, const WaitFor& wait_for);
+
+}  // namespace vantrel::send

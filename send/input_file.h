@@ -1,0 +1,17 @@
+#pragma once
+
+#include "link/frame.h"
+
+#include <cstddef>
+#include <string>
+
+namespace vantrel::send {
+
+// All bytes of a regular file. Throws commandline::WrongUse, in a sentence, where it cannot be
+// read, is no regular file, or has more than `most` bytes.
+link::Bytes ReadInputFile(const std::string& path, std::size_t most);
+
+// The same without reading it.
+void CheckInputFile(const std::string& path, std::size_t most);
+
+}  // namespace vantrel::send

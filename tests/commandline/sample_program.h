@@ -1,0 +1,19 @@
+#pragma once
+
+#include "commandline/table.h"
+
+#include <string>
+
+namespace vantrel::commandline {
+
+// A program with everything that a table can hold.
+const Program& Dispenser();
+// One without commands.
+const Program& Copier();
+
+// Runs a command of the shell and returns what it wrote to standard output and to standard error.
+std::string OutputOf(const std::string& command);
+// Writes a file into the folder for temporary files and returns its path.
+std::string TemporaryFile(const std::string& name, const std::string& text);
+
+}  // namespace vantrel::commandline

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantrel::log {
+
+// A capture file that is written block by block, every byte by hand.
+class CaptureBytes {
+ public:
+  CaptureBytes();
+  // Adds an interface; the first one has the number 0.
+  void AddInterface(std::uint16_t link_type, std::string_view description);
+  // Adds a packet: header of link type 250 with the event, and the bytes.
+  void AddPacket(std::uint32_t interface, std::uint8_t event, std::string_view bytes);
+  // Adds a packet whose bytes are all there is.
+  void AddBare(std::uint32_t interface, std::string_view bytes);
+  const std::string& Bytes() const { return bytes_; }
+
+ private:
+  void AddBlock(std::uint32_t type, std::string body);
+
+  std::string bytes_;
+  std::uint32_t packets_ = 0;
+};
+
+// What an analyser told of a capture.
+struct AnalyserRun {
+  std::vector<std::string> lines;  // of standard output
+  std::string errors;              // standard error, without the warning that root gets
+};
+
+// Runs tshark, with the plugin in a private folder, on a file of these bytes.
+AnalyserRun RunAnalyser(const std::string& capture, const std::string& arguments);
+
+}  // namespace vantrel::log

@@ -1,0 +1,139 @@
+#include "log/capture_commands.h"
+
+#include "log/capture_writer.h"
+#include "tests/log/capture_bytes.h"
+
+#include <gtest/gtest.h>
+
+#include <stdlib.h>
+
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+namespace vantrel::log {
+namespace {
+
+using protocol::Direction;
+
+class CaptureCommandsTest : public testing::Test {
+ protected:
+  CaptureCommandsTest() {
+    setenv("TZ", "UTC", 1);
+    tzset();
+    std::string name = testing::TempDir() + "captureXXXXXX";
+    folder_ = mkdtemp(name.data());
+  }
+  ~CaptureCommandsTest() override { std::filesystem::remove_all(folder_); }
+
+  std::string Path(const std::string& name) const { return folder_ + '/' + name; }
+  std::string Save(const std::string& name, const std::string& bytes) const {
+    std::ofstream(Path(name), std::ios::binary) << bytes;
+    return Path(name);
+  }
+  static std::string Load(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+  // 2026-01-02 10:20:30.123456: a command with a comment, and its 06h.
+  static std::string Sample() {
+    std::string capture = CaptureStart({"/dev/pts/7", 9600});
+    const WallTime time{std::chrono::microseconds{1767349230123456}};
+    AppendPacket(capture,
+                 {time, Direction::kFromConsole, FromHex("02210322"), "fault: status 22, \"x\""});
+    AppendPacket(capture, {time, Direction::kFromPrinter, FromHex("06"), {}});
+    return capture;
+  }
+
+  std::string folder_;
+  std::ostringstream out_;
+  std::ostringstream errors_;
+};
+
+TEST_F(CaptureCommandsTest, ShowsRowsAsTheSavedText) {
+  EXPECT_EQ(ShowCapture(Save("a.pcapng", Sample()), false, out_, errors_), 0);
+  EXPECT_EQ(out_.str(),
+            "2026-01-02 10:20:30.123  received  02 21 03 22  21h first track read\n"
+            "2026-01-02 10:20:30.123  sent      06  06h acknowledge\n");
+  EXPECT_EQ(errors_.str(), "");
+}
+
+TEST_F(CaptureCommandsTest, ShowsRowsAsJson) {
+  EXPECT_EQ(ShowCapture(Save("a.pcapng", Sample()), true, out_, errors_), 0);
+  EXPECT_EQ(out_.str(),
+            "{\"time\":\"2026-01-02T10:20:30.123456Z\",\"direction\":\"to printer\","
+            "\"kind\":\"frame\",\"hex\":\"02 21 03 22\",\"code\":\"21\",\"status\":null,"
+            "\"checkIsGood\":true,\"meaning\":\"21h first track read\","
+            "\"comment\":\"fault: status 22, \\\"x\\\"\"}\n"
+            "{\"time\":\"2026-01-02T10:20:30.123456Z\",\"direction\":\"from printer\","
+            "\"kind\":\"control\",\"hex\":\"06\",\"code\":null,\"status\":null,"
+            "\"checkIsGood\":null,\"meaning\":\"06h acknowledge\",\"comment\":null}\n");
+}
+
+TEST_F(CaptureCommandsTest, ShowsWhatWasWholeOfACutFile) {
+  const std::string path = Save("a.pcapng", Sample().substr(0, Sample().size() - 1));
+  EXPECT_EQ(ShowCapture(path, false, out_, errors_), 1);
+  EXPECT_EQ(out_.str(), "2026-01-02 10:20:30.123  received  02 21 03 22  21h first track read\n");
+  EXPECT_TRUE(
+      errors_.str().starts_with("vantrel-log: " + path + " ends within the block at byte "));
+}
+
+TEST_F(CaptureCommandsTest, SaysWhyNothingIsShown) {
+  EXPECT_EQ(ShowCapture(Path("missing"), false, out_, errors_), 1);
+  EXPECT_EQ(errors_.str(),
+            "vantrel-log: " + Path("missing") + " cannot be read: No such file or directory.\n");
+  EXPECT_EQ(out_.str(), "");
+}
+
+TEST_F(CaptureCommandsTest, ConvertsToCsvAndBack) {
+  const std::string capture = Save("a.pcapng", Sample());
+  ASSERT_EQ(ConvertCapture(capture, Path("a.CSV"), errors_), 0) << errors_.str();
+  EXPECT_EQ(Load(Path("a.CSV")),
+            "Date,Time,Direction,Hex,Characters,Meaning,UTC,Comment\r\n"
+            "2026-01-02,10:20:30.123,received,02 21 03 22,\".!.\"\"\",21h first track read,"
+            "2026-01-02T10:20:30.123456Z,\"fault: status 22, \"\"x\"\"\"\r\n"
+            "2026-01-02,10:20:30.123,sent,06,.,06h acknowledge,2026-01-02T10:20:30.123456Z,\r\n");
+  ASSERT_EQ(ConvertCapture(Path("a.CSV"), Path("b.pcapng"), errors_), 0) << errors_.str();
+  EXPECT_EQ(ShowCapture(capture, true, out_, errors_), 0);
+  std::ostringstream again;
+  EXPECT_EQ(ShowCapture(Path("b.pcapng"), true, again, errors_), 0);
+  EXPECT_EQ(again.str(), out_.str());
+  EXPECT_EQ(errors_.str(), "");
+}
+
+TEST_F(CaptureCommandsTest, ReadsCsvWithoutTheLastColumnsByLocalTime) {
+  const std::string csv = Save("a.csv",
+                               "Date,Time,Direction,Hex,Characters,Meaning\r\n"
+                               "2026-01-02,10:20:30.123,sent,06,.,06h acknowledge\r\n");
+  ASSERT_EQ(ConvertCapture(csv, Path("b.pcapng"), errors_), 0) << errors_.str();
+  EXPECT_EQ(ShowCapture(Path("b.pcapng"), false, out_, errors_), 0);
+  EXPECT_EQ(out_.str(), "2026-01-02 10:20:30.123  sent      06  06h acknowledge\n");
+}
+
+TEST_F(CaptureCommandsTest, WritesNothingOfWhatItCannotReadWhole) {
+  const std::string cut = Save("a.pcapng", Sample().substr(0, Sample().size() - 1));
+  EXPECT_EQ(ConvertCapture(cut, Save("b.txt", "kept"), errors_), 1);
+  EXPECT_EQ(Load(Path("b.txt")), "kept");
+  const std::string csv = Save("a.csv",
+                               "Date,Time,Direction,Hex,Characters,Meaning\r\n"
+                               "2026-01-02,10:20:30.123,sent,0G,.,06h acknowledge\r\n");
+  errors_.str("");
+  EXPECT_EQ(ConvertCapture(csv, Path("b.txt"), errors_), 1);
+  EXPECT_EQ(errors_.str(), "vantrel-log: " + csv + " has no row of a log in line 2.\n");
+  EXPECT_EQ(Load(Path("b.txt")), "kept");
+  EXPECT_EQ(ConvertCapture(csv, Path("b.doc"), errors_), 2);
+}
+
+TEST_F(CaptureCommandsTest, CountsAFileThatIsNotWholeAsWrongToCompare) {
+  const std::string whole = Save("a.pcapng", Sample());
+  const std::string cut = Save("b.pcapng", Sample().substr(0, Sample().size() - 1));
+  EXPECT_EQ(CompareCaptures(whole, whole, false, out_, errors_), 0);
+  EXPECT_EQ(CompareCaptures(whole, cut, false, out_, errors_), 2);
+  EXPECT_EQ(out_.str(), "");
+}
+
+}  // namespace
+}  // namespace vantrel::log

@@ -1,0 +1,208 @@
+#include "log/file_saver.h"
+
+#include "tests/support/file_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/fsuid.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <ostream>
+#include <string>
+
+namespace vantrel::log {
+namespace {
+
+class FileSaverTest : public testing::Test {
+ protected:
+  support::FileFolder folder_;
+};
+
+// Lets no file of this process grow past `bytes`, as a full disk would not.
+class SizeLimit {
+ public:
+  explicit SizeLimit(rlim_t bytes) {
+    getrlimit(RLIMIT_FSIZE, &found_);
+    const rlimit limit{bytes, found_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~SizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &found_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  SizeLimit(const SizeLimit&) = delete;
+  SizeLimit& operator=(const SizeLimit&) = delete;
+
+ private:
+  rlimit found_{};
+  void (*handler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+// Lets this thread reach files as another user does, where it is the superuser.
+class OtherUser {
+ public:
+  OtherUser() : found_(setfsuid(geteuid() == 0 ? 65534U : geteuid())) {}
+  ~OtherUser() { setfsuid(static_cast<uid_t>(found_)); }
+  OtherUser(const OtherUser&) = delete;
+  OtherUser& operator=(const OtherUser&) = delete;
+
+ private:
+  int found_;
+};
+
+TEST_F(FileSaverTest, MakesAFileWithTheModeOfTheUsersMask) {
+  const mode_t found = umask(027);
+  EXPECT_EQ(ReplaceFile(folder_.Path("new"), "bytes\n"), "");
+  umask(found);
+  EXPECT_EQ(folder_.Contents("new"), "bytes\n");
+  EXPECT_EQ(folder_.ModeOf("new"), 0640U);
+  EXPECT_EQ(folder_.Count(), 1U);
+}
+
+TEST_F(FileSaverTest, KeepsTheModeOfAFile) {
+  folder_.Make("kept", "old and longer");
+  for (const mode_t mode : {0600U, 0664U, 0640U}) {
+    ASSERT_EQ(chmod(folder_.Path("kept").c_str(), mode), 0);
+    EXPECT_EQ(ReplaceFile(folder_.Path("kept"), "new"), "");
+    EXPECT_EQ(folder_.ModeOf("kept"), mode);
+    EXPECT_EQ(folder_.Contents("kept"), "new");
+  }
+}
+
+TEST_F(FileSaverTest, KeepsTheOwnerOfAFile) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser gives files away";
+  folder_.Make("kept", "old");
+  ASSERT_EQ(chown(folder_.Path("kept").c_str(), 1234, 2345), 0);
+  EXPECT_EQ(ReplaceFile(folder_.Path("kept"), "new"), "");
+  struct stat found {};
+  ASSERT_EQ(stat(folder_.Path("kept").c_str(), &found), 0);
+  EXPECT_EQ(found.st_uid, 1234U);
+  EXPECT_EQ(found.st_gid, 2345U);
+}
+
+TEST_F(FileSaverTest, FollowsALinkAndLeavesIt) {
+  folder_.Make("target", "old");
+  folder_.Link("target", "first");
+  folder_.Link(folder_.Path("first"), "second");
+  EXPECT_EQ(ReplaceFile(folder_.Path("second"), "new"), "");
+  EXPECT_EQ(folder_.Contents("target"), "new");
+  EXPECT_EQ(folder_.LinkTarget("first"), "target");
+  EXPECT_EQ(folder_.LinkTarget("second"), folder_.Path("first"));
+}
+
+TEST_F(FileSaverTest, MakesWhatALinkLeadsTo) {
+  folder_.Link("target", "link");
+  EXPECT_EQ(ReplaceFile(folder_.Path("link"), "new"), "");
+  EXPECT_EQ(folder_.Contents("target"), "new");
+  EXPECT_EQ(folder_.LinkTarget("link"), "target");
+}
+
+TEST_F(FileSaverTest, RefusesLinksInACircle) {
+  folder_.Link("a", "b");
+  folder_.Link("b", "a");
+  EXPECT_EQ(ReplaceFile(folder_.Path("a"), "new"),
+            folder_.Path("a") + " was not saved: Too many levels of symbolic links.");
+}
+
+TEST_F(FileSaverTest, RefusesWhatIsNoRegularFile) {
+  EXPECT_EQ(ReplaceFile("/dev/null", "new"), "/dev/null was not saved: it is a device.");
+  EXPECT_EQ(ReplaceFile("/dev/full", "new"), "/dev/full was not saved: it is a device.");
+  folder_.Link("/dev/null", "link");
+  EXPECT_EQ(ReplaceFile(folder_.Path("link"), "new"),
+            folder_.Path("link") + " was not saved: it is a device.");
+  ASSERT_EQ(mkfifo(folder_.Path("pipe").c_str(), 0600), 0);
+  EXPECT_EQ(ReplaceFile(folder_.Path("pipe"), "new"),
+            folder_.Path("pipe") + " was not saved: it is a pipe.");
+  EXPECT_EQ(ReplaceFile(folder_.Path(""), "new"),
+            folder_.Path("") + " was not saved: it is a folder.");
+  struct stat found {};
+  ASSERT_EQ(stat("/dev/null", &found), 0);
+  EXPECT_TRUE(S_ISCHR(found.st_mode));
+  ASSERT_EQ(stat(folder_.Path("pipe").c_str(), &found), 0);
+  EXPECT_TRUE(S_ISFIFO(found.st_mode));
+}
+
+TEST_F(FileSaverTest, LeavesFilesOfSimilarNamesAlone) {
+  folder_.Make("line.txt.part", "the user's");
+  EXPECT_EQ(ReplaceFile(folder_.Path("line.txt"), "new"), "");
+  EXPECT_EQ(folder_.Contents("line.txt.part"), "the user's");
+  EXPECT_EQ(folder_.Count(), 2U);
+}
+
+TEST_F(FileSaverTest, SaysThatThereIsNoFolder) {
+  EXPECT_EQ(ReplaceFile(folder_.Path("missing/file"), "new"),
+            folder_.Path("missing/file") + " was not saved: No such file or directory.");
+}
+
+TEST_F(FileSaverTest, LeavesWhatWasThereWhereTheFolderIsReadOnly) {
+  folder_.Make("kept", "old");
+  ASSERT_EQ(chmod(folder_.Path("kept").c_str(), 0666), 0);
+  ASSERT_EQ(chmod(folder_.Path("").c_str(), 0555), 0);
+  {
+    const OtherUser other;
+    EXPECT_EQ(ReplaceFile(folder_.Path("kept"), "new"),
+              folder_.Path("kept") + " was not saved: Permission denied.");
+  }
+  ASSERT_EQ(chmod(folder_.Path("").c_str(), 0755), 0);
+  EXPECT_EQ(folder_.Contents("kept"), "old");
+}
+
+TEST_F(FileSaverTest, RefusesAFileThatMayNotBeWrittenInAFolderThatMay) {
+  folder_.Make("kept", "old");
+  ASSERT_EQ(chmod(folder_.Path("kept").c_str(), 0444), 0);
+  ASSERT_EQ(chmod(folder_.Path("").c_str(), 0777), 0);
+  {
+    const OtherUser other;
+    EXPECT_EQ(ReplaceFile(folder_.Path("kept"), "new"),
+              folder_.Path("kept") + " was not saved: Permission denied.");
+  }
+  EXPECT_EQ(folder_.Contents("kept"), "old");
+}
+
+TEST_F(FileSaverTest, LeavesWhatWasThereWhereThereIsNoRoom) {
+  folder_.Make("kept", "old");
+  {
+    const SizeLimit limit(100000);
+    EXPECT_EQ(ReplaceFile(folder_.Path("kept"), std::string(200000, 'x')),
+              folder_.Path("kept") + " was not saved: File too large.");
+  }
+  EXPECT_EQ(folder_.Contents("kept"), "old");
+  EXPECT_EQ(folder_.Count(), 1U);
+}
+
+TEST_F(FileSaverTest, LeavesWhatWasThereWithoutCommit) {
+  folder_.Make("kept", "old");
+  {
+    FileSaver file(folder_.Path("kept"));
+    EXPECT_TRUE(file.Write(std::string(200000, 'x')));
+  }
+  EXPECT_EQ(folder_.Contents("kept"), "old");
+  EXPECT_EQ(folder_.Count(), 1U);
+}
+
+TEST_F(FileSaverTest, TakesAStream) {
+  FileSaver file(folder_.Path("new"));
+  FileSaverBuffer buffer(file);
+  std::ostream out(&buffer);
+  for (int i = 0; i < 20000; ++i) out << "line " << i << '\n';
+  EXPECT_TRUE(out.good());
+  EXPECT_EQ(file.Commit(), "");
+  const std::string contents = folder_.Contents("new");
+  EXPECT_TRUE(contents.starts_with("line 0\nline 1\n"));
+  EXPECT_TRUE(contents.ends_with("line 19998\nline 19999\n"));
+  EXPECT_EQ(contents.size(), 208890U);
+}
+
+TEST_F(FileSaverTest, TurnsAStreamBadWhereItFails) {
+  FileSaver file("/dev/null");
+  FileSaverBuffer buffer(file);
+  std::ostream out(&buffer);
+  out << "line\n";
+  EXPECT_FALSE(out.good());
+}
+
+}  // namespace
+}  // namespace vantrel::log

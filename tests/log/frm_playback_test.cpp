@@ -1,0 +1,40 @@
+// The window of a capture that is played back.
+
+#include "log/frm_playback.h"
+
+#include "log/playback_server.h"
+#include "printer/line/pseudo_terminal.h"
+#include "tests/support/device_user.h"
+#include "tests/support/scripted_file_chooser.h"
+
+#include <QLabel>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace vantrel::log {
+namespace {
+
+TEST(FrmPlaybackTest, ShowsHowFarItIs) {
+  LogEntry row;
+  row.bytes = "\x02\x21\x03\x22";
+  Playback playback(std::vector<LogEntry>{row, row}, {});
+  LineRecorder recorder;
+  PlaybackServer server(playback, printer::MakePseudoTerminal(), recorder);
+  support::ScriptedFileChooser files;
+  const FrmPlayback form("/tmp/line.pcapng", server, recorder, files);
+  const auto text = [&form](const char* name) { return form.findChild<QLabel*>(name)->text(); };
+  EXPECT_EQ(form.windowTitle(), "Playing back line.pcapng");
+  EXPECT_TRUE(text("LblDevice").contains(server.DevicePath().c_str()));
+  EXPECT_EQ(text("LblPlayed"), "Played 0 of 2 frames, 0 unexpected");
+  const support::DeviceUser console(server.DevicePath());
+  console.Write("02 21 03 22 02 22 03 21");
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return text("LblPlayed") == "Played 1 of 2 frames, 1 unexpected"; }));
+  EXPECT_EQ(text("LblUnexpected"), "Last unexpected frame: expected 21h, came 22h");
+}
+
+}  // namespace
+}  // namespace vantrel::log

@@ -1,0 +1,216 @@
+// The window of captures, on files that the test writes and lets grow.
+
+#include "log/frm_view.h"
+
+#include "log/capture_writer.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantrel::log {
+namespace {
+
+using namespace std::chrono_literals;
+using protocol::Direction;
+
+const std::string k21 = "\x02\x21\x03\x22";
+const std::string k22 = "\x02\x22\x03\x21";
+const std::string kReply21 = "\x02\x21\x20\x41\x03\x43";
+const std::string kReply21WithB = "\x02\x21\x20\x42\x03\x40";
+
+LogEntry Row(std::chrono::milliseconds time, Direction direction, const std::string& bytes) {
+  LogEntry row;
+  row.time = WallTime(1795266005s + time);
+  row.direction = direction;
+  row.bytes = bytes;
+  return row;
+}
+
+std::vector<LogEntry> Read21(const std::string& reply) {
+  return {Row(0ms, Direction::kFromConsole, k21), Row(2ms, Direction::kFromPrinter, "\x06"),
+          Row(2500ms, Direction::kFromPrinter, reply)};
+}
+
+class FrmViewTest : public testing::Test {
+ protected:
+  QString PathOf(const char* name) const { return folder_.filePath(name); }
+
+  // Writes a capture of these rows, or adds them to the one that is there.
+  void Write(const char* name, const std::vector<LogEntry>& rows, bool adds = false) const {
+    std::string bytes = adds ? "" : CaptureStart({});
+    for (const LogEntry& row : rows) AppendPacket(bytes, row);
+    QFile file(PathOf(name));
+    ASSERT_TRUE(file.open(adds ? QIODevice::Append : QIODevice::WriteOnly));
+    file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+  }
+
+  void Show(const QStringList& names) {
+    QStringList paths;
+    for (const QString& name : names) paths += folder_.filePath(name);
+    form_ = std::make_unique<FrmView>(paths);
+    form_->show();
+  }
+
+  QTableView* Table() const { return form_->findChild<QTableView*>("TxtView"); }
+  bool HasRows(int count) const {
+    return QTest::qWaitFor([&] { return Table()->model()->rowCount() == count; });
+  }
+  QString Cell(int row, int column) const {
+    return Table()->model()->index(row, column).data().toString();
+  }
+  bool IsBold(int row, int column) const {
+    return Table()->model()->index(row, column).data(Qt::FontRole).value<QFont>().bold();
+  }
+  QString Text(const char* name) const { return form_->findChild<QLabel*>(name)->text(); }
+  void Drop(const QString& path, const QPointF& where) const {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent enter(where.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form_.get(), &enter);
+    QDropEvent drop(where, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(form_.get(), &drop);
+  }
+
+  QTemporaryDir folder_;
+  std::unique_ptr<FrmView> form_;
+};
+
+// Columns of one side.
+constexpr int kTook = 2;
+constexpr int kHex = 3;
+constexpr int kMeaning = 5;
+constexpr int kDifference = 6;
+constexpr int kRight = 7;
+
+TEST_F(FrmViewTest, ShowsRowsWithTheTimeThatTheyTook) {
+  Write("a.pcapng", Read21(kReply21));
+  Show({"a.pcapng"});
+  ASSERT_TRUE(HasRows(3));
+  EXPECT_EQ(form_->windowTitle(), "a.pcapng");
+  EXPECT_EQ(Cell(0, kMeaning), "21h first track read");
+  EXPECT_EQ(Cell(0, kTook), "2.500 s slow");
+  EXPECT_TRUE(IsBold(0, kTook));
+  EXPECT_EQ(Cell(1, kTook), "+0.002 s");
+  EXPECT_FALSE(IsBold(1, kTook));
+  EXPECT_EQ(Cell(2, kTook), "+2.498 s wait");
+  EXPECT_EQ(Cell(2, kHex), "02 21 20 41 03 43");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView") == "3 lines"; }));
+}
+
+TEST_F(FrmViewTest, FollowsAFileThatGrowsAndOneThatIsReplaced) {
+  Write("a.pcapng", Read21(kReply21));
+  Show({"a.pcapng"});
+  ASSERT_TRUE(HasRows(3));
+  Write("a.pcapng", {Row(3000ms, Direction::kFromConsole, k22)}, true);
+  ASSERT_TRUE(HasRows(4));
+  EXPECT_EQ(Cell(3, kMeaning), "22h second track read");
+  Write("a.pcapng", {Row(0ms, Direction::kFromConsole, k22)});
+  ASSERT_TRUE(HasRows(1));
+  EXPECT_EQ(Cell(0, kMeaning), "22h second track read");
+}
+
+TEST_F(FrmViewTest, FiltersFindsAndCopies) {
+  Write("a.pcapng", Read21(kReply21));
+  Show({"a.pcapng"});
+  ASSERT_TRUE(HasRows(3));
+  auto* find = form_->findChild<QLineEdit*>("TxtViewFind");
+  find->setText("REPLY");
+  QTest::keyClick(form_.get(), Qt::Key_F3);
+  EXPECT_EQ(Table()->currentIndex().row(), 2);
+  find->setText("21h");
+  QTest::keyClick(form_.get(), Qt::Key_F3);  // on from the beginning
+  EXPECT_EQ(Table()->currentIndex().row(), 0);
+  find->setText("is not there");
+  QTest::keyClick(form_.get(), Qt::Key_F3);
+  EXPECT_EQ(Text("LblView"), "\"is not there\" was not found.");
+  form_->findChild<QLineEdit*>("TxtViewFilter")->setText("acknowledge");
+  ASSERT_TRUE(HasRows(1));
+  Table()->selectRow(0);
+  QTest::keyClick(Table(), Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(QApplication::clipboard()->text().endsWith("  sent      06  06h acknowledge\n"));
+  form_->findChild<QLineEdit*>("TxtViewFilter")->clear();
+  EXPECT_TRUE(HasRows(3));
+}
+
+TEST_F(FrmViewTest, SetsTwoCapturesSideBySide) {
+  std::vector<LogEntry> left = Read21(kReply21);
+  left.push_back(Row(3000ms, Direction::kFromConsole, k22));
+  Write("a.pcapng", left);
+  Write("b.pcapng", Read21(kReply21WithB));
+  Show({"a.pcapng", "b.pcapng"});
+  ASSERT_TRUE(
+      QTest::qWaitFor([this] { return Text("LblView") == "4 lines \u00B7 2 lines differ"; }));
+  EXPECT_EQ(Cell(0, kMeaning), Cell(0, kRight + kMeaning));
+  EXPECT_EQ(Cell(0, kDifference), "");
+  EXPECT_EQ(Cell(2, kDifference), "\u2260 differs");
+  EXPECT_EQ(Cell(2, kMeaning), "reply 21h: 20h normal status, \"A\"");
+  EXPECT_EQ(Cell(2, kRight + kMeaning), "reply 21h: 20h normal status, \"B\"");
+  EXPECT_EQ(Cell(3, kDifference), "\u25C0 only left");
+  EXPECT_EQ(Cell(3, kRight + kMeaning), "");
+}
+
+TEST_F(FrmViewTest, GoesFromDifferenceToDifference) {
+  std::vector<LogEntry> left = Read21(kReply21);
+  left.push_back(Row(3000ms, Direction::kFromConsole, k22));
+  Write("a.pcapng", left);
+  Write("b.pcapng", Read21(kReply21WithB));
+  Show({"a.pcapng", "b.pcapng"});
+  ASSERT_TRUE(
+      QTest::qWaitFor([this] { return Text("LblView") == "4 lines \u00B7 2 lines differ"; }));
+  const auto row = [this] { return Table()->currentIndex().row(); };
+  Table()->selectRow(0);
+  QTest::keyClick(form_.get(), Qt::Key_F8);
+  EXPECT_EQ(row(), 2);
+  QTest::keyClick(form_.get(), Qt::Key_F8);
+  EXPECT_EQ(row(), 3);
+  QTest::keyClick(form_.get(), Qt::Key_F8);
+  EXPECT_EQ(row(), 3);
+  EXPECT_EQ(Text("LblView"), "There is no further difference.");
+  QTest::keyClick(form_.get(), Qt::Key_F8, Qt::ShiftModifier);
+  EXPECT_EQ(row(), 2);
+}
+
+TEST_F(FrmViewTest, OpensADroppedFile) {
+  Write("a.pcapng", Read21(kReply21));
+  Write("b.pcapng", {Row(0ms, Direction::kFromConsole, k22)});
+  Show({"a.pcapng"});
+  ASSERT_TRUE(HasRows(3));
+  Drop(PathOf("b.pcapng"), {1, 1});
+  ASSERT_TRUE(HasRows(1));
+  EXPECT_EQ(form_->windowTitle(), "b.pcapng");
+  Show({"a.pcapng", "a.pcapng"});
+  ASSERT_TRUE(HasRows(3));
+  Drop(PathOf("b.pcapng"), {form_->width() - 1.0, 1});
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView").endsWith("4 lines differ"); }));
+  EXPECT_TRUE(form_->windowTitle().endsWith("b.pcapng"));
+}
+
+TEST_F(FrmViewTest, TellsWhatCannotBeRead) {
+  Write("a.pcapng", Read21(kReply21));
+  QFile file(PathOf("a.pcapng"));
+  ASSERT_TRUE(file.resize(file.size() - 3));
+  Show({"a.pcapng"});
+  EXPECT_TRUE(HasRows(2));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView").contains("ends within"); }));
+  Show({"is-not-there.pcapng"});
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView").contains("cannot be read"); }));
+}
+
+}  // namespace
+}  // namespace vantrel::log

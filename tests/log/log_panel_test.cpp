@@ -1,0 +1,244 @@
+#include "log/log_panel.h"
+
+#include "log/line_recorder.h"
+#include "log/log_model.h"
+#include "tests/support/scripted_file_chooser.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace vantrel::log {
+namespace {
+
+class LogPanelTest : public testing::Test {
+ protected:
+  LogPanelTest() {
+    panel_.resize(900, 300);
+    panel_.show();
+  }
+
+  template <typename Widget>
+  Widget* Find(const char* name) {
+    auto* widget = panel_.findChild<Widget*>(name);
+    if (widget == nullptr) throw std::runtime_error(name);
+    return widget;
+  }
+  void Click(const char* name) { QTest::mouseClick(Find<QAbstractButton>(name), Qt::LeftButton); }
+  QTableView* Table() { return Find<QTableView>("TxtLog"); }
+  int Rows() { return Table()->model()->rowCount(); }
+  bool HasRows(int count) {
+    return QTest::qWaitFor([&] { return Rows() == count; });
+  }
+  QString Cell(int row, int column) {
+    return Table()->model()->index(row, column).data().toString();
+  }
+  void Console(const char* hex) {
+    recorder_.Record(protocol::Direction::kFromConsole, QByteArray::fromHex(hex));
+  }
+  void Printer(const char* hex) {
+    recorder_.Record(protocol::Direction::kFromPrinter, QByteArray::fromHex(hex));
+  }
+  // So many times a command and its acknowledgement.
+  void Exchange(int count) {
+    for (int i = 0; i < count; ++i) {
+      Console("02210322");
+      Printer("06");
+    }
+  }
+  bool IsAtEnd() {
+    const QScrollBar* bar = Table()->verticalScrollBar();
+    return bar->value() == bar->maximum();
+  }
+
+  QTemporaryDir folder_;
+  support::ScriptedFileChooser files_;
+  LineRecorder recorder_;
+  LogPanel panel_{recorder_, files_};
+};
+
+TEST_F(LogPanelTest, ShowsAnEntryInColumns) {
+  Console("023B412203 5B");
+  ASSERT_TRUE(HasRows(1));
+  EXPECT_TRUE(QRegularExpression("^\\d\\d:\\d\\d:\\d\\d\\.\\d{3}$").match(Cell(0, 0)).hasMatch());
+  EXPECT_EQ(Cell(0, 1), "received");
+  EXPECT_EQ(Cell(0, 2), "02 3B 41 22 03 5B");
+  EXPECT_EQ(Cell(0, 3), ".;A\".[");
+  EXPECT_EQ(Cell(0, 4), "3Bh first track data set: \"A\\\"\"");
+}
+
+TEST_F(LogPanelTest, CompletesAFrameThatComesInParts) {
+  Console("0221");
+  ASSERT_TRUE(HasRows(1));
+  EXPECT_EQ(Cell(0, 4), "cut short after 2 bytes: 21h first track read");
+  Console("0322");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Cell(0, 4) == "21h first track read"; }));
+  EXPECT_EQ(Rows(), 1);
+}
+
+TEST_F(LogPanelTest, FollowsOrStays) {
+  Exchange(100);
+  ASSERT_TRUE(HasRows(200));
+  EXPECT_TRUE(IsAtEnd());
+  Click("ChkFollow");
+  Exchange(100);
+  ASSERT_TRUE(HasRows(400));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !IsAtEnd(); }));
+  Click("ChkFollow");
+  EXPECT_TRUE(IsAtEnd());
+}
+
+TEST_F(LogPanelTest, FollowsWhenItBecomesSmaller) {
+  Exchange(100);
+  ASSERT_TRUE(HasRows(200));
+  panel_.resize(900, 150);
+  EXPECT_TRUE(
+      QTest::qWaitFor([&] { return Table()->rowAt(Table()->viewport()->height() - 6) == 199; }));
+}
+
+TEST_F(LogPanelTest, StaysWhenTheWheelTurnsBack) {
+  Exchange(100);
+  ASSERT_TRUE(HasRows(200));
+  const QPointF middle = Table()->viewport()->rect().center();
+  QWheelEvent back(middle, Table()->viewport()->mapToGlobal(middle), {}, QPoint(0, 120),
+                   Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(Table()->viewport(), &back);
+  EXPECT_FALSE(Find<QCheckBox>("ChkFollow")->isChecked());
+}
+
+TEST_F(LogPanelTest, FiltersByDirectionAndText) {
+  Exchange(3);
+  Console("02510352");
+  ASSERT_TRUE(HasRows(7));
+  auto* direction = Find<QComboBox>("CmbLogDirection");
+  QTest::keyClick(direction, Qt::Key_Down);
+  ASSERT_TRUE(HasRows(4));
+  QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "REAR");
+  ASSERT_TRUE(HasRows(1));
+  EXPECT_EQ(Cell(0, 4), "51h card rear side idle");
+  QTest::keyClick(direction, Qt::Key_Down);
+  ASSERT_TRUE(HasRows(0));
+  Find<QLineEdit>("TxtLogFilter")->clear();
+  ASSERT_TRUE(HasRows(3));
+  EXPECT_EQ(Cell(0, 4), "06h acknowledge");
+  // What comes later is filtered as well.
+  Exchange(1);
+  ASSERT_TRUE(HasRows(4));
+  QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "06");
+  ASSERT_TRUE(HasRows(4));
+}
+
+TEST_F(LogPanelTest, ShowsAHalfFrameUnderAFilterWhenItsSilenceHasLasted) {
+  QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "cut short");
+  Console("0221");
+  EXPECT_TRUE(HasRows(1));
+}
+
+TEST_F(LogPanelTest, CopiesTheSelectedLinesOrAll) {
+  Exchange(2);
+  ASSERT_TRUE(HasRows(4));
+  Click("CmdCopyLog");
+  EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 4);
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "4 lines copied");
+  Table()->selectRow(1);
+  QTest::keySequence(Table(), QKeySequence::Copy);
+  EXPECT_TRUE(QApplication::clipboard()->text().endsWith("  sent      06  06h acknowledge\n"));
+  EXPECT_EQ(QApplication::clipboard()->text().count('\n'), 1);
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "1 line copied");
+}
+
+TEST_F(LogPanelTest, SavesTheWholeLogAsTextOrCsv) {
+  Exchange(1);
+  ASSERT_TRUE(HasRows(2));
+  QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "acknowledge");
+  files_.WillAnswer(folder_.filePath("line.txt"));
+  Click("CmdSaveLog");
+  EXPECT_EQ(files_.LastFilters(),
+            "Text (*.txt);;Comma-separated values (*.csv);;Capture (*.pcapng)");
+  QFile text(folder_.filePath("line.txt"));
+  ASSERT_TRUE(text.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(text.readLine().endsWith("received  02 21 03 22  21h first track read\n"));
+  EXPECT_TRUE(text.readLine().endsWith("sent      06  06h acknowledge\n"));
+  EXPECT_TRUE(text.atEnd());
+  files_.WillAnswer(folder_.filePath("line.csv"));
+  Click("CmdSaveLog");
+  QFile csv(folder_.filePath("line.csv"));
+  ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
+  EXPECT_EQ(csv.readLine(), "Date,Time,Direction,Hex,Characters,Meaning,UTC,Comment\r\n");
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "Saved to " + folder_.filePath("line.csv"));
+}
+
+TEST_F(LogPanelTest, SaysWhyALogWasNotSaved) {
+  const QString path = folder_.filePath("missing/line.txt");
+  files_.WillAnswer(path);
+  Click("CmdSaveLog");
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), path + " was not saved: No such file or directory.");
+}
+
+TEST_F(LogPanelTest, SavesNoLogOverADevice) {
+  files_.WillAnswer("/dev/null");
+  Click("CmdSaveLog");
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "/dev/null was not saved: it is a device.");
+}
+
+TEST_F(LogPanelTest, IsEmptied) {
+  Exchange(2);
+  ASSERT_TRUE(HasRows(4));
+  Click("CmdClearLog");
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "0 lines");
+  Exchange(1);
+  EXPECT_TRUE(HasRows(2));
+}
+
+TEST_F(LogPanelTest, TakesAMillionLinesAndOneMore) {
+  EXPECT_EQ(Table()->verticalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
+  Exchange(500000);
+  ASSERT_TRUE(HasRows(1000000));
+  QElapsedTimer elapsed;
+  elapsed.start();
+  Console("02510352");
+  ASSERT_TRUE(HasRows(1000001));
+  // Far above what it takes, and far below what work on every line would take.
+  EXPECT_LT(elapsed.elapsed(), 500);
+  EXPECT_TRUE(IsAtEnd());
+}
+
+TEST(LogModel, DropsWhatTheLogHasDropped) {
+  LineRecorder recorder;
+  LogModel all(recorder);
+  LogModel sent(recorder);
+  sent.SetDirection(protocol::Direction::kFromPrinter);
+  const QByteArray acknowledgements(100000, 0x06);
+  for (std::size_t i = 0; i < LineLog::kMostEntries; i += 100000)
+    recorder.Record(protocol::Direction::kFromPrinter, acknowledgements);
+  all.CatchUp();
+  sent.CatchUp();
+  recorder.Record(protocol::Direction::kFromPrinter, QByteArray(1, 0x15));
+  // A row that is gone shows nothing until the model has caught up.
+  EXPECT_EQ(all.EntryOf(0), nullptr);
+  all.CatchUp();
+  sent.CatchUp();
+  // An eighth of two million and one is gone.
+  EXPECT_EQ(all.rowCount(), 1750000);
+  EXPECT_EQ(sent.rowCount(), 1750000);
+  EXPECT_EQ(sent.EntryOf(1749999)->bytes, "\x15");
+}
+
+}  // namespace
+}  // namespace vantrel::log

@@ -1,0 +1,49 @@
+#include "printer/model/card_deck.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace vantrel::printer {
+namespace {
+
+Card CardWith(const std::string& track) {
+  Card card;
+  card.tracks[0] = track;
+  return card;
+}
+
+TEST(CardDeck, BeginsWithThePrintersCard) {
+  const CardDeck deck;
+  EXPECT_EQ(deck.Size(), 1U);
+  EXPECT_EQ(deck.Current(), 0U);
+  EXPECT_EQ(deck.Name(0), "Card 1");
+}
+
+TEST(CardDeck, GivesEachCardBackAsItWasReturned) {
+  CardDeck deck;
+  EXPECT_EQ(deck.Make(CardWith("A")).tracks[0], "");
+  EXPECT_EQ(deck.Make(CardWith("B")).tracks[0], "");
+  EXPECT_EQ(deck.Name(deck.Current()), "Card 3");
+  EXPECT_EQ(deck.Choose(0, CardWith("C")).tracks[0], "A");
+  EXPECT_EQ(deck.Choose(1, CardWith("A2")).tracks[0], "B");
+  EXPECT_EQ(deck.Choose(2, CardWith("B")).tracks[0], "C");
+  EXPECT_EQ(deck.Choose(0, CardWith("C")).tracks[0], "A2");
+}
+
+TEST(CardDeck, GivesTheSameCardBack) {
+  CardDeck deck;
+  EXPECT_EQ(deck.Choose(0, CardWith("A")).tracks[0], "A");
+}
+
+TEST(CardDeck, RefusesWhatItHasNotAndWhatItCannotHold) {
+  CardDeck deck;
+  EXPECT_THROW(deck.Choose(1, {}), std::out_of_range);
+  while (!deck.IsFull()) deck.Make({});
+  EXPECT_EQ(deck.Size(), CardDeck::kMostCards);
+  EXPECT_THROW(deck.Make({}), std::length_error);
+  EXPECT_EQ(deck.Size(), CardDeck::kMostCards);
+}
+
+}  // namespace
+}  // namespace vantrel::printer

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace vantrel::printer {
+
+// The built program, as a process of its own.
+class PrinterProgram : public testing::Test {
+ protected:
+  ~PrinterProgram() override {
+    if (program_.state() == QProcess::NotRunning) return;
+    program_.kill();
+    program_.waitForFinished();
+  }
+
+  void Start(const QStringList& options) { program_.start(VANTREL_PRINTER_PROGRAM, options); }
+
+  // Starts it without a window and returns the device that its first line names.
+  std::string Serve(const QStringList& options = {}) {
+    Start(QStringList{"--headless"} + options);
+    return ReadLine();
+  }
+
+  // The next line of its output without its end; empty when none comes.
+  std::string ReadLine() {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (!program_.canReadLine() && elapsed.elapsed() < 10000 && program_.waitForReadyRead(1000))
+      continue;
+    return program_.readLine().trimmed().toStdString();
+  }
+
+  // Waits for its end and returns its status; -1 when it does not end of itself.
+  int End() {
+    const bool ended = program_.state() == QProcess::NotRunning || program_.waitForFinished(10000);
+    if (!ended || program_.exitStatus() != QProcess::NormalExit) return -1;
+    return program_.exitCode();
+  }
+
+  QProcess program_;
+  QTemporaryDir folder_;
+};
+
+}  // namespace vantrel::printer

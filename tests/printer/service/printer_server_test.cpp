@@ -1,0 +1,141 @@
+#include "printer/service/printer_server.h"
+
+#include "log/line_recorder.h"
+#include "printer/model/printer_model.h"
+#include "printer/service/line_recording.h"
+#include "tests/support/device_user.h"
+#include "tests/support/installed_fonts.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include <poll.h>
+
+#include <cerrno>
+#include <memory>
+#include <system_error>
+
+namespace vantrel::printer {
+namespace {
+
+class PrinterServerTest : public testing::Test {
+ protected:
+  // Whether the other side of the line has gone.
+  static bool HasHungUp(const support::DeviceUser& user) {
+    pollfd line{user.Descriptor(), POLLIN, 0};
+    return poll(&line, 1, 0) == 1 && (line.revents & POLLHUP) != 0;
+  }
+
+  PrinterModel model_{support::InstalledFonts(), link::CodePage::kWestern};
+  PrinterServer server_{model_};
+};
+
+TEST_F(PrinterServerTest, LetsTheDeviceVanishOnAFault) {
+  int changes = 0;
+  QObject::connect(&server_, &PrinterServer::DeviceChanged, [&changes] { ++changes; });
+  const support::DeviceUser console(server_.DevicePath());
+  model_.ReplaceFaults(ParseFault("vanish"));
+  console.Write("02 95 03 96");
+  EXPECT_FALSE(HasHungUp(console));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return HasHungUp(console); }));
+  EXPECT_EQ(server_.DevicePath(), "");
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(PrinterServerTest, ServesADeviceThatIsThereAgain) {
+  server_.Unplug();
+  server_.Unplug();
+  // What is done meanwhile is done to the printer.
+  EXPECT_TRUE(server_.InsertCard());
+  server_.PlugIn();
+  const support::DeviceUser console(server_.DevicePath());
+  ASSERT_TRUE(console.IsOpen());
+  QByteArray sent;
+  QObject::connect(&server_, &PrinterServer::Sent,
+                   [&sent](const QByteArray& bytes) { sent += bytes; });
+  console.Write("02 95 03 96");
+  EXPECT_TRUE(QTest::qWaitFor([&sent] { return sent.size() == 7; }));
+  EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
+}
+
+TEST_F(PrinterServerTest, LosesWhatIsSentWhileTheDeviceIsAway) {
+  const support::DeviceUser console(server_.DevicePath());
+  model_.ReplaceFaults(ParseFault("delay 50"));
+  QByteArray sent;
+  QObject::connect(&server_, &PrinterServer::Sent,
+                   [&sent](const QByteArray& bytes) { sent += bytes; });
+  console.Write("02 95 03 96");
+  EXPECT_TRUE(QTest::qWaitFor([&sent] { return !sent.isEmpty(); }));
+  server_.Unplug();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !model_.NextAdvance(); }));
+  EXPECT_EQ(sent.toHex(), "06");
+}
+
+TEST_F(PrinterServerTest, TellsWhetherItHasUnpluggedAnything) {
+  EXPECT_FALSE(server_.PlugIn());
+  EXPECT_TRUE(server_.Unplug());
+  EXPECT_FALSE(server_.Unplug());
+  EXPECT_TRUE(server_.PlugIn());
+}
+
+TEST_F(PrinterServerTest, TellsOfAnswersAndFaults) {
+  QStringList told;
+  QObject::connect(&server_, &PrinterServer::Received, [&told] { told << "received"; });
+  QObject::connect(&server_, &PrinterServer::Sent, [&told] { told << "sent"; });
+  QObject::connect(&server_, &PrinterServer::Remarked,
+                   [&told](const QString& remark) { told << remark; });
+  QObject::connect(&server_, &PrinterServer::Answered, [&told](const Answered& answer) {
+    told << "answered " + QString::fromStdString(link::HexTextOf(answer.bytes));
+  });
+  const support::DeviceUser console(server_.DevicePath());
+  model_.ReplaceFaults(ParseFault("status 38"));
+  console.Write("02 95 03 96");
+  EXPECT_TRUE(QTest::qWaitFor([&told] { return told.size() >= 4; }));
+  EXPECT_EQ(told, QStringList({"received", "fault: status 38", "sent",
+                               "answered 029538"
+                               "03AE"}));
+}
+
+TEST_F(PrinterServerTest, HasItsRemarksInTheLog) {
+  log::LineRecorder recorder;
+  RecordLineOf(server_, recorder);
+  const support::DeviceUser console(server_.DevicePath());
+  model_.ReplaceFaults(ParseFault("status 38"));
+  console.Write("02 95 03 96");
+  const log::LineLog& log = recorder.Log();
+  EXPECT_TRUE(QTest::qWaitFor([&log] {
+    return log.End() > log.First() && log.At(log.First()).comment == "fault: status 38";
+  }));
+}
+
+TEST_F(PrinterServerTest, TellsOfNoAnswerThatTheLineHasLost) {
+  int answers = 0;
+  QObject::connect(&server_, &PrinterServer::Answered, [&answers] { ++answers; });
+  const support::DeviceUser console(server_.DevicePath());
+  model_.ReplaceFaults(ParseFault("delay 20"));
+  console.Write("02 95 03 96");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return model_.Faults().IsEmpty(); }));
+  server_.Unplug();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !model_.NextAdvance(); }));
+  EXPECT_EQ(answers, 0);
+}
+
+TEST(PrinterServer, ThrowsOnWhyThereIsNoLine) {
+  PrinterModel model{support::InstalledFonts(), link::CodePage::kWestern};
+  const auto fail = []() -> std::unique_ptr<protocol::LineEnd> {
+    throw std::system_error(EMFILE, std::generic_category(), "No line");
+  };
+  EXPECT_THROW(PrinterServer(model, fail), std::system_error);
+}
+
+TEST_F(PrinterServerTest, SwitchesThePowerOffAndOn) {
+  server_.InsertCard();
+  server_.SetPower(false);
+  EXPECT_FALSE(model_.State().power);
+  server_.SetPower(true);
+  EXPECT_TRUE(model_.State().power);
+  EXPECT_EQ(model_.State().place, CardPlace::kFront);
+}
+
+}  // namespace
+}  // namespace vantrel::printer

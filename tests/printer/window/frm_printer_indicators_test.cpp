@@ -1,0 +1,88 @@
+// LED and buzzer as the window shows them.
+
+#include "printer/window/card_slot_view.h"
+#include "printer/window/indicator_sign.h"
+#include "tests/support/printer_form_bench.h"
+
+#include <QColor>
+#include <QImage>
+#include <QLabel>
+#include <QSignalSpy>
+
+namespace vantrel::printer {
+namespace {
+
+class FrmPrinterIndicators : public support::PrinterFormBench {
+ protected:
+  bool SignIsOn(const char* name) { return Find<IndicatorSign>(name)->IsOnNow(); }
+  // Whether the picture of the printer has a spot of this colour.
+  bool SlotShows(const QColor& colour) {
+    const QImage picture = Find<CardSlotView>("CardSlotView")->grab().toImage();
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        if (picture.pixel(x, y) == colour.rgb()) return true;
+      }
+    }
+    return false;
+  }
+};
+
+TEST_F(FrmPrinterIndicators, AreInWords) {
+  EXPECT_EQ(Label("LblLED"), "off");
+  // Buzzer on, orange, three cycles.
+  console_.Write("02 5A 31 33 34 03 6F");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblLED") == "3 cycles, orange"; }));
+  EXPECT_EQ(Label("LblBuzzer"), "on");
+  EXPECT_TRUE(SignIsOn("SignBuzzer"));
+}
+
+TEST_F(FrmPrinterIndicators, LetTheLedFlashAboveAndOnThePrinterAtOnce) {
+  const QColor red = LedColour('2');
+  EXPECT_FALSE(SlotShows(red));
+  QSignalSpy turned_on(Find<IndicatorSign>("SignLED"), &IndicatorSign::TurnedOn);
+  // Buzzer off, red, flashing.
+  console_.Write("02 5A 30 32 32 03 69");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return SignIsOn("SignLED"); }));
+  EXPECT_TRUE(SlotShows(red));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !SignIsOn("SignLED"); }));
+  EXPECT_FALSE(SlotShows(red));
+  EXPECT_EQ(Label("LblLED"), "flashing, red");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return SignIsOn("SignLED"); }));
+  EXPECT_TRUE(SlotShows(red));
+  EXPECT_EQ(turned_on.count(), 2);
+}
+
+TEST_F(FrmPrinterIndicators, SoundOncePerCycleUntilTheyRunOut) {
+  QSignalSpy turned_on(Find<IndicatorSign>("SignBuzzer"), &IndicatorSign::TurnedOn);
+  // Buzzer one cycle, green, LED off.
+  console_.Write("02 5A 33 31 30 03 6B");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return SignIsOn("SignBuzzer"); }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblBuzzer") == "off"; }));
+  EXPECT_FALSE(SignIsOn("SignBuzzer"));
+  EXPECT_EQ(turned_on.count(), 1);
+}
+
+TEST_F(FrmPrinterIndicators, GoDarkWithThePower) {
+  // Buzzer on, green, on.
+  console_.Write("02 5A 31 31 31 03 68");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return SignIsOn("SignLED") && SignIsOn("SignBuzzer"); }));
+  server_.SetPower(false);
+  EXPECT_FALSE(SignIsOn("SignLED"));
+  EXPECT_FALSE(SignIsOn("SignBuzzer"));
+}
+
+TEST(IndicatorSign, TellsThatItTurnsOnAndNotThatItChangesItsColour) {
+  IndicatorSign sign(IndicatorSign::Shape::kLamp);
+  QSignalSpy turned_on(&sign, &IndicatorSign::TurnedOn);
+  sign.Show(true, Qt::red);
+  sign.Show(true, Qt::red);
+  sign.Show(true, Qt::green);
+  EXPECT_EQ(turned_on.count(), 1);
+  sign.Show(false, Qt::green);
+  EXPECT_FALSE(sign.IsOnNow());
+  sign.Show(true, Qt::green);
+  EXPECT_EQ(turned_on.count(), 2);
+}
+
+}  // namespace
+}  // namespace vantrel::printer
