@@ -26,6 +26,7 @@ std::unique_ptr<PrinterEnd> OpenPrinter(const std::string& device) {
 std::string DeviceErrorInWords(const std::string& device, int error) {
   switch (error) {
     case ENOENT:
+    case ENXIO:
       return "There is no device " + device + ".";
     case EACCES:
     case EPERM:

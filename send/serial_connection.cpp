@@ -1,8 +1,9 @@
 #include "link/port.h"
 #include "link/unique_descriptor.h"
+#include "log/device_lock.h"
+#include "log/printer_end.h"
 #include "protocol/line_speed.h"
 #include "send/connection.h"
-#include "send/device_lock.h"
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -10,9 +11,8 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
-#include <cstdlib>
-#include <cstring>
+#include <optional>
+#include <system_error>
 
 namespace vantrel::send {
 namespace {
@@ -20,26 +20,7 @@ namespace {
 using link::PortError;
 
 PortError CannotUse(const std::string& device, int error) {
-  switch (error) {
-    case ENOENT:
-    case ENXIO:
-      return PortError("There is no device " + device + ".");
-    case EACCES:
-    case EPERM:
-      return PortError("There is no permission to use the device " + device + ".");
-    case EBUSY:
-      return PortError("The device " + device + " is in use by another program.");
-    case ENOTTY:
-      return PortError(device + " is no serial device.");
-    default:
-      return PortError("The device " + device + " cannot be used: " + std::strerror(error) + ".");
-  }
-}
-
-// The device itself, where a link leads to it: the lock goes by that name.
-std::string RealPath(const std::string& device) {
-  char resolved[PATH_MAX];
-  return realpath(device.c_str(), resolved) != nullptr ? resolved : device;
+  return PortError(log::DeviceErrorInWords(device, error));
 }
 
 class SerialConnection : public Connection {
@@ -48,7 +29,11 @@ class SerialConnection : public Connection {
     descriptor_.Reset(open(device.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK));
     if (!descriptor_.IsOpen() || tcgetattr(Descriptor(), &found_) != 0)
       throw CannotUse(device, errno);
-    if (!lock_.Take(RealPath(device), Descriptor())) throw CannotUse(device, EBUSY);
+    try {
+      lock_.emplace(device, Descriptor());
+    } catch (const std::system_error& error) {
+      throw CannotUse(device, error.code().value());
+    }
     found_speed_ = protocol::LineSpeedOf(Descriptor());
     termios settings = found_;
     cfmakeraw(&settings);
@@ -86,7 +71,7 @@ class SerialConnection : public Connection {
 
   const std::string device_;
   // Destroyed after the descriptor is closed.
-  DeviceLock lock_;
+  std::optional<log::DeviceLock> lock_;
   link::UniqueDescriptor descriptor_;
   termios found_{};
   std::optional<int> found_speed_;
