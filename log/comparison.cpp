@@ -2,7 +2,7 @@
 
 #include "link/frame.h"
 #include "log/alignment.h"
-#include "log/json_text.h"
+#include "log/json_object.h"
 #include "log/line_log.h"
 #include "protocol/frame_words.h"
 
@@ -35,12 +35,11 @@ std::string ValueInWords(Field field, const std::optional<std::string>& value) {
   return words;
 }
 
-std::string ValueInJson(Field field, const std::optional<std::string>& value) {
-  if (!value) return "null";
-  if (field == Field::kCheck) return JsonText(*value);
+std::optional<std::string> ValueInJson(Field field, const std::optional<std::string>& value) {
+  if (!value || field == Field::kCheck) return value;
   LogEntry entry;
   entry.bytes = *value;
-  return JsonText(HexOf(entry));
+  return HexOf(entry);
 }
 
 std::optional<std::string> Unless(const std::string& value) {
@@ -159,12 +158,15 @@ std::string TextOf(const FieldDifference& difference) {
 }
 
 std::string JsonOf(const FieldDifference& difference) {
-  const auto quoted = [](const std::string& text) { return JsonText(text); };
-  return "{\"exchange\":" + std::to_string(difference.exchange) +
-         ",\"command\":" + (difference.code ? quoted(link::HexOf(*difference.code)) : "null") +
-         ",\"field\":" + JsonText(NameOf(difference.field)) +
-         ",\"a\":" + ValueInJson(difference.field, difference.a) +
-         ",\"b\":" + ValueInJson(difference.field, difference.b) + '}';
+  std::optional<std::string> command;
+  if (difference.code) command = link::HexOf(*difference.code);
+  return JsonObject()
+      .Add("exchange", static_cast<long>(difference.exchange))
+      .Add("command", command)
+      .Add("field", NameOf(difference.field))
+      .Add("a", ValueInJson(difference.field, difference.a))
+      .Add("b", ValueInJson(difference.field, difference.b))
+      .Text();
 }
 
 bool Compare(const std::vector<Exchange>& a, const std::vector<Exchange>& b,

@@ -24,7 +24,7 @@ std::size_t LengthOfCharacter(std::string_view text) {
 }
 
 void AddEscaped(std::string& out, char character) {
-  constexpr std::string_view kDigits = "0123456789abcdef";
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
   const auto value = static_cast<std::uint8_t>(character);
   out += "\\u00";
   out += kDigits[value >> 4];
@@ -33,22 +33,27 @@ void AddEscaped(std::string& out, char character) {
 
 }  // namespace
 
-std::string JsonText(std::string_view text) {
-  std::string out = "\"";
+std::string ValidUtf8(std::string_view text) {
+  std::string valid;
   while (!text.empty()) {
     const std::size_t length = LengthOfCharacter(text);
-    const char first = text.front();
-    if (length == 0) {
-      out += "\xEF\xBF\xBD";
-    } else if (first == '"' || first == '\\') {
+    valid += length > 0 ? text.substr(0, length) : std::string_view("\uFFFD");
+    text.remove_prefix(length > 0 ? length : 1);
+  }
+  return valid;
+}
+
+std::string JsonText(std::string_view text) {
+  std::string out = "\"";
+  for (const char character : ValidUtf8(text)) {
+    if (character == '"' || character == '\\') {
       out += '\\';
-      out += first;
-    } else if (static_cast<std::uint8_t>(first) < 0x20 || first == 0x7F) {
-      AddEscaped(out, first);
+      out += character;
+    } else if (static_cast<std::uint8_t>(character) < 0x20 || character == 0x7F) {
+      AddEscaped(out, character);
     } else {
-      out += text.substr(0, length);
+      out += character;
     }
-    text.remove_prefix(length == 0 ? 1 : length);
   }
   return out + '"';
 }

@@ -1,10 +1,11 @@
 #include "log/row_json.h"
 
 #include "link/frame.h"
-#include "log/json_text.h"
+#include "log/json_object.h"
 #include "log/row_text.h"
 #include "protocol/frame.h"
 
+#include <optional>
 #include <string_view>
 
 namespace vantrel::log {
@@ -21,9 +22,10 @@ std::string_view KindInWords(protocol::GroupKind kind) {
   }
 }
 
-// Two hex digits of a frame's content, or null.
-std::string DigitsAt(const protocol::FrameParts& parts, std::size_t at) {
-  return at < parts.content.size() ? JsonText(link::HexOf(parts.content[at])) : "null";
+// Two hex digits of a frame's content.
+std::optional<std::string> DigitsAt(const protocol::FrameParts& parts, std::size_t at) {
+  if (at >= parts.content.size()) return std::nullopt;
+  return link::HexOf(parts.content[at]);
 }
 
 }  // namespace
@@ -31,23 +33,28 @@ std::string DigitsAt(const protocol::FrameParts& parts, std::size_t at) {
 std::string JsonLineOf(const LogEntry& entry) {
   const protocol::GroupKind kind = protocol::KindOf(entry.direction, BytesOf(entry));
   const bool to_printer = entry.direction == protocol::Direction::kFromConsole;
-  std::string code = "null";
-  std::string status = "null";
-  std::string check = "null";
+  std::optional<std::string> code;
+  std::optional<std::string> status;
+  std::optional<bool> check;
   if (kind == protocol::GroupKind::kFrame) {
     const protocol::FrameParts parts = protocol::PartsOf(BytesOf(entry));
     code = DigitsAt(parts, 0);
     if (!to_printer) status = DigitsAt(parts, 1);
-    if (parts.check) check = parts.CheckIsGood() ? "true" : "false";
+    if (parts.check) check = parts.CheckIsGood();
   }
-  std::string line = "{\"time\":\"" + UtcInWords(entry.time) + "\",\"direction\":\"";
-  line += to_printer ? "to printer" : "from printer";
-  line += "\",\"kind\":\"";
-  line += KindInWords(kind);
-  line += "\",\"hex\":\"" + HexOf(entry) + "\",\"code\":" + code + ",\"status\":" + status +
-          ",\"checkIsGood\":" + check + ",\"meaning\":" + JsonText(MeaningOf(entry)) +
-          ",\"comment\":" + (entry.comment.empty() ? "null" : JsonText(entry.comment)) + '}';
-  return line;
+  std::optional<std::string> comment;
+  if (!entry.comment.empty()) comment = entry.comment;
+  return JsonObject()
+      .Add("time", UtcInWords(entry.time))
+      .Add("direction", to_printer ? "to printer" : "from printer")
+      .Add("kind", KindInWords(kind))
+      .Add("hex", HexOf(entry))
+      .Add("code", code)
+      .Add("status", status)
+      .Add("checkIsGood", check)
+      .Add("meaning", MeaningOf(entry))
+      .Add("comment", comment)
+      .Text();
 }
 
 }  // namespace vantrel::log

@@ -1,6 +1,7 @@
 #include "send/answers.h"
 
 #include "link/frame.h"
+#include "log/json_object.h"
 
 namespace vantrel::send {
 namespace {
@@ -33,7 +34,7 @@ std::string Block(const Exchange& exchange) {
 }
 
 std::string Object(const Exchange& exchange) {
-  JsonObject object;
+  log::JsonObject object;
   if (exchange.place.line) object.Add("line", *exchange.place.line);
   if (exchange.place.round) object.Add("round", *exchange.place.round);
   if (exchange.command.empty())
@@ -81,7 +82,7 @@ std::string Told(const Exchange& exchange, Format format) {
 
 std::string ToldDry(const std::string& code, const std::string& frame, Format format) {
   if (format != Format::kJson) return Pairs(frame) + "\n";
-  return JsonObject().Add("command", code).Add("sent", Pairs(frame)).Text() + "\n";
+  return log::JsonObject().Add("command", code).Add("sent", Pairs(frame)).Text() + "\n";
 }
 
 }  // namespace vantrel::send

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "send/exchange.h"
-#include "send/json.h"
 
 #include <string>
 

@@ -2,6 +2,7 @@
 
 #include "link/unique_descriptor.h"
 #include "log/file_saver.h"
+#include "log/json_text.h"
 #include "send/answers.h"
 
 #include <fcntl.h>
@@ -57,7 +58,7 @@ class JsonReport : public Report {
 
 std::string XmlText(const std::string& text) {
   std::string escaped;
-  for (const char character : ValidUtf8(text)) {
+  for (const char character : log::ValidUtf8(text)) {
     const auto code = static_cast<unsigned char>(character);
     switch (character) {
       case '&':

@@ -9,6 +9,8 @@
 namespace vantrel::send {
 namespace {
 
+using log::JsonObject;
+
 std::string Rounded(double milliseconds) {
   std::array<char, 64> text{};
   std::snprintf(text.data(), text.size(), "%.1f ms", milliseconds);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "log/json_object.h"
 #include "send/exchange.h"
-#include "send/json.h"
 
 #include <map>
 #include <string>
@@ -21,8 +21,8 @@ class Tally {
   double MedianMilliseconds() const;
   double SlowestMilliseconds() const;
 
-  // {"summary": {...}}
-  JsonObject Summary() const;
+  // {"summary":{...}}
+  log::JsonObject Summary() const;
   // "600 exchanges, 1 failure (22h: 1); median 11.2 ms, slowest 30.9 ms."
   std::string InWords() const;
 

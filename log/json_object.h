@@ -1,17 +1,25 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
-namespace vantrel::send {
+namespace vantrel::log {
 
-// A JSON object on one line, member by member.
+// A JSON object on one line, member by member, without blanks between them.
 class JsonObject {
  public:
+  // What is no UTF-8 in a text is shown as U+FFFD.
   JsonObject& Add(std::string_view name, std::string_view text);
   JsonObject& Add(std::string_view name, const char* text) {
     return Add(name, std::string_view(text));
   }
+  // Null where there is no text.
+  JsonObject& Add(std::string_view name, const std::optional<std::string>& text);
+  JsonObject& Add(std::string_view name, const std::string& text) {
+    return Add(name, std::string_view(text));
+  }
+  JsonObject& Add(std::string_view name, std::optional<bool> value);
   JsonObject& Add(std::string_view name, long number);
   // With three decimal places.
   JsonObject& Add(std::string_view name, double number);
@@ -26,7 +34,4 @@ class JsonObject {
   std::string members_;
 };
 
-// UTF-8 text with every byte that is none as U+FFFD.
-std::string ValidUtf8(std::string_view text);
-
-}  // namespace vantrel::send
+}  // namespace vantrel::log
