@@ -124,8 +124,8 @@ void LineLog::Add(protocol::Direction direction, std::uint8_t byte, WallTime now
 }
 
 void LineLog::Trim() {
-  if (entries_.size() <= kMostEntries && bytes_ <= kMostBytes) return;
-  DropBefore(first_ + std::min(entries_.size() / 8 + 1, entries_.size()));
+  while (entries_.size() > bounds_.entries || bytes_ > bounds_.bytes)
+    DropBefore(first_ + std::min(entries_.size() / 8 + 1, entries_.size()));
 }
 
 void LineLog::DropBefore(std::size_t number) {

@@ -38,16 +38,22 @@ std::span<const std::uint8_t> BytesOf(const LogEntry& entry);
 // Whether an entry is a frame from STX to block check.
 bool IsWholeFrame(const LogEntry& entry);
 
+// What a log keeps at the most; where either bound is passed, the oldest eighth of the entries is
+// dropped, and again while it still is.
+struct LogBounds {
+  std::size_t entries = 2'000'000;
+  std::size_t bytes = std::size_t{512} << 20;
+};
+
 // Everything that went over a line, in groups, in the order of their first bytes. Entries have
 // numbers that stay: the first one ever is 0, and where the oldest were dropped to bound the memory
 // the numbers of the others remain. Adding costs the same however many there are.
 class LineLog {
  public:
-  // Where either bound is passed, the oldest eighth of the entries is dropped.
-  static constexpr std::size_t kMostEntries = 2'000'000;
-  static constexpr std::size_t kMostBytes = std::size_t{512} << 20;
   // The longest group; a longer one goes on in the next.
   static constexpr std::size_t kLongestGroup = protocol::kLongestGroup;
+
+  explicit LineLog(LogBounds bounds = {}) : bounds_(bounds) {}
 
   // Adds bytes as they were read or written at `now`, in any split.
   void Append(protocol::Direction direction, std::span<const std::uint8_t> bytes, WallTime now);
@@ -90,6 +96,7 @@ class LineLog {
   void Add(protocol::Direction direction, std::uint8_t byte, WallTime now);
   void Trim();
 
+  LogBounds bounds_;
   std::deque<LogEntry> entries_;
   std::size_t first_ = 0;
   std::size_t bytes_ = 0;

@@ -6,7 +6,7 @@
 
 namespace vantrel::log {
 
-LineRecorder::LineRecorder(QObject* parent) : QObject(parent) {
+LineRecorder::LineRecorder(QObject* parent, LogBounds bounds) : QObject(parent), log_(bounds) {
   silence_.setSingleShot(true);
   connect(&silence_, &QTimer::timeout, this, [this] {
     log_.Settle(WallNow());

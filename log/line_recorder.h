@@ -18,7 +18,7 @@ class LineRecorder : public QObject {
   Q_OBJECT
 
  public:
-  explicit LineRecorder(QObject* parent = nullptr);
+  explicit LineRecorder(QObject* parent = nullptr, LogBounds bounds = {});
 
   // Adds bytes to the log, as of this moment or of a moment handed in.
   void Record(protocol::Direction direction, const QByteArray& bytes);

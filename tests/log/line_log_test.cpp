@@ -175,16 +175,53 @@ TEST_F(LineLogTest, GoesOnInANewEntryAfterTheLongest) {
   EXPECT_EQ(log_.At(0).bytes.size(), LineLog::kLongestGroup);
 }
 
-TEST_F(LineLogTest, DropsTheOldestPastItsBound) {
-  const link::Bytes frame{0x02, 0x21, 0x03, 0x22};
-  for (std::size_t i = 0; i < LineLog::kMostEntries; ++i)
-    log_.Append(protocol::Direction::kFromConsole, frame, now_);
+TEST_F(LineLogTest, DropsTheOldestEighthPastItsBoundOfEntries) {
+  log_ = LineLog({.entries = 16});
+  for (int i = 0; i < 16; ++i) Console("02 21 03 22");
   EXPECT_EQ(log_.First(), 0U);
   Console("02 51 03 52");
-  EXPECT_EQ(log_.First(), LineLog::kMostEntries / 8 + 1);
-  EXPECT_EQ(log_.End(), LineLog::kMostEntries + 1);
-  EXPECT_EQ(HexOf(log_.At(log_.End() - 1)), "02 51 03 52");
-  EXPECT_THROW(log_.At(0), std::out_of_range);
+  EXPECT_EQ(log_.First(), 3U);  // an eighth of 17, and one more
+  EXPECT_EQ(log_.End(), 17U);
+  EXPECT_EQ(HexOf(log_.At(16)), "02 51 03 52");
+  EXPECT_THROW(log_.At(2), std::out_of_range);
+}
+
+TEST_F(LineLogTest, DropsTheOldestEighthPastItsBoundOfBytes) {
+  log_ = LineLog({.bytes = 64});
+  for (int i = 0; i < 16; ++i) Console("02 21 03 22");
+  EXPECT_EQ(log_.First(), 0U);
+  Printer("06");
+  EXPECT_EQ(log_.First(), 3U);
+  // What was dropped counts no more.
+  Console("02 21 03 22 02 21 03 22");
+  EXPECT_EQ(log_.First(), 3U);
+}
+
+TEST_F(LineLogTest, GoesOnInANewEntryWhereAnOpenOneWasDropped) {
+  log_ = LineLog({.entries = 8});
+  Printer("02 21 20");  // open, and the oldest
+  for (int i = 0; i < 7; ++i) Console("02 21 03 22");
+  EXPECT_EQ(log_.Settled(), 0U);
+  Console("02 51 03 52");
+  EXPECT_EQ(log_.First(), 2U);
+  EXPECT_EQ(log_.Settled(), 9U);
+  EXPECT_EQ(log_.Latest(protocol::Direction::kFromPrinter), std::nullopt);
+  Printer("41 03 43");
+  EXPECT_EQ(log_.Latest(protocol::Direction::kFromPrinter), 9U);
+  EXPECT_EQ(HexOf(log_.At(9)), "41 03 43");
+}
+
+TEST_F(LineLogTest, TakesOneReadThatIsPastItsBound) {
+  log_ = LineLog({.entries = 8});
+  Console("02 21");  // goes on among what is dropped
+  std::string much = "03 22";
+  for (int i = 0; i < 20; ++i) much += "02 51 03 52";
+  Console(much + "02 50 39");
+  EXPECT_EQ(log_.First(), 15U);  // 7 entries
+  EXPECT_EQ(log_.End(), 22U);
+  EXPECT_EQ(log_.Settled(), 21U);
+  Console("03 6A");
+  EXPECT_EQ(HexOf(log_.At(21)), "02 50 39 03 6A");
 }
 
 TEST_F(LineLogTest, GoesOnCountingAfterItWasCleared) {
