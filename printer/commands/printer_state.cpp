@@ -1,5 +1,7 @@
 #include "printer/commands/printer_state.h"
 
+#include <algorithm>
+
 namespace vantrel::printer {
 
 bool PrinterState::HasTargetCard() const {
@@ -18,6 +20,12 @@ void PrinterState::Transport(CardPlace to) {
 void PrinterState::PassUnderHead() {
   Transport(CardPlace::kInside);
   for (std::size_t track = 0; track < kTracks; ++track) buffers[track] = TrackAsRead(track);
+}
+
+bool IsRecordable(std::string_view contents) {
+  return std::all_of(contents.begin(), contents.end(), [](char character) {
+    return character == 0x01 || (character >= 0x04 && character <= 0x7E);
+  });
 }
 
 std::string_view PlaceInWords(CardPlace place) {

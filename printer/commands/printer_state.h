@@ -111,6 +111,9 @@ struct PrinterState : Surroundings, Fittings, StoredState, VolatileState {
   void PassUnderHead();
 };
 
+// Whether a track of a card can hold these bytes: 01h and 04h to 7Eh alone.
+bool IsRecordable(std::string_view contents);
+
 // The place in words for a window: "inserted at the front".
 std::string_view PlaceInWords(CardPlace place);
 

@@ -18,4 +18,18 @@ Card CardDeck::Make(Card returned) {
   return Choose(cards_.size() - 1, std::move(returned));
 }
 
+DeckContents CardDeck::Contents(Card printers) const {
+  DeckContents contents{cards_, current_};
+  contents.cards[current_].card = std::move(printers);
+  return contents;
+}
+
+Card CardDeck::Replace(DeckContents contents) {
+  if (contents.cards.size() > kMostCards || contents.current >= contents.cards.size())
+    throw std::invalid_argument("These are no cards for a deck.");
+  cards_ = std::move(contents.cards);
+  current_ = contents.current;
+  return std::exchange(cards_[current_].card, {});
+}
+
 }  // namespace vantrel::printer

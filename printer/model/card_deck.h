@@ -8,6 +8,17 @@
 
 namespace vantrel::printer {
 
+struct NamedCard {
+  std::string name;
+  Card card;
+};
+
+// All cards of a deck, the printer's too, and which of them that is, from 0.
+struct DeckContents {
+  std::vector<NamedCard> cards;
+  std::size_t current = 0;
+};
+
 // A few cards beside the printer. One of them is the printer's, wherever that lies; the deck holds
 // the others and only the name of that one.
 class CardDeck {
@@ -31,13 +42,14 @@ class CardDeck {
   // full.
   Card Make(Card returned);
 
- private:
-  struct Entry {
-    std::string name;
-    Card card;
-  };
+  // All cards with the printer's as it is now.
+  DeckContents Contents(Card printers) const;
+  // Puts other cards in place of all and returns the printer's. Throws std::invalid_argument, and
+  // changes nothing, where there is none, there are too many, or none of them is the printer's.
+  Card Replace(DeckContents contents);
 
-  std::vector<Entry> cards_{{"Card 1", {}}};
+ private:
+  std::vector<NamedCard> cards_{{"Card 1", {}}};
   std::size_t current_ = 0;
 };
 

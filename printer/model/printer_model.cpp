@@ -8,10 +8,6 @@
 namespace vantrel::printer {
 namespace {
 
-bool IsRecordable(char character) {
-  return character == 0x01 || (character >= 0x04 && character <= 0x7E);
-}
-
 // A line on which this many bytes are on their way takes no more.
 constexpr std::size_t kLongLine = 4096;
 constexpr std::uint8_t kCancelInsertionWait = 0x54;
@@ -91,7 +87,8 @@ void PrinterModel::SetTrack(std::size_t track, std::string_view contents) {
   std::string& recorded = state_.card.tracks.at(track);
   recorded.clear();
   for (const char character : contents) {
-    if (IsRecordable(character) && recorded.size() < kTrackLength[track]) recorded += character;
+    if (IsRecordable({&character, 1}) && recorded.size() < kTrackLength[track])
+      recorded += character;
   }
   if (change_) change_();
 }

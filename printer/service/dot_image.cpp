@@ -23,6 +23,17 @@ QImage ImageOf(const Bitmap& dots, int quarter_turns) {
                                 : image.transformed(QTransform().rotate(90.0 * quarter_turns));
 }
 
+Bitmap DotsOf(const QImage& picture) {
+  Bitmap dots(picture.width(), picture.height());
+  for (int y = 0; y < dots.Height(); ++y) {
+    for (int x = 0; x < dots.Width(); ++x) {
+      constexpr int kMiddleGrey = 128;
+      if (qGray(picture.pixel(x, y)) < kMiddleGrey) dots.Set(x, y, true);
+    }
+  }
+  return dots;
+}
+
 std::string SavePicture(const QImage& picture, const char* format, const std::string& path) {
   QByteArray bytes;
   QBuffer buffer(&bytes);

@@ -62,10 +62,7 @@ Answer WriteTrack(ScriptContext& context, std::string_view rest) {
   const std::size_t length = kTrackLength.at(*track);
   if (contents->size() > length)
     return Error("the track holds " + std::to_string(length) + " bytes");
-  const bool recordable = std::all_of(contents->begin(), contents->end(), [](char byte) {
-    return byte == 0x01 || (byte >= 0x04 && byte <= 0x7E);
-  });
-  if (!recordable) return Error("a track holds 01h and 04h to 7Eh alone");
+  if (!IsRecordable(*contents)) return Error("a track holds 01h and 04h to 7Eh alone");
   context.model->SetTrack(*track, *contents);
   return Ok();
 }

@@ -45,5 +45,33 @@ TEST(CardDeck, RefusesWhatItHasNotAndWhatItCannotHold) {
   EXPECT_EQ(deck.Size(), CardDeck::kMostCards);
 }
 
+TEST(CardDeck, TellsAllCardsWithThePrintersAsItIsNow) {
+  CardDeck deck;
+  deck.Make(CardWith("A"));
+  const DeckContents contents = deck.Contents(CardWith("B"));
+  ASSERT_EQ(contents.cards.size(), 2U);
+  EXPECT_EQ(contents.current, 1U);
+  EXPECT_EQ(contents.cards[0].name, "Card 1");
+  EXPECT_EQ(contents.cards[0].card.tracks[0], "A");
+  EXPECT_EQ(contents.cards[1].name, "Card 2");
+  EXPECT_EQ(contents.cards[1].card.tracks[0], "B");
+}
+
+TEST(CardDeck, TakesOtherCardsInPlaceOfAll) {
+  CardDeck deck;
+  deck.Make({});
+  EXPECT_EQ(deck.Replace({{{"X", CardWith("A")}, {"Y", CardWith("B")}, {"Z", {}}}, 1}).tracks[0],
+            "B");
+  EXPECT_EQ(deck.Size(), 3U);
+  EXPECT_EQ(deck.Current(), 1U);
+  EXPECT_EQ(deck.Name(2), "Z");
+  EXPECT_EQ(deck.Choose(0, CardWith("B")).tracks[0], "A");
+  EXPECT_THROW(deck.Replace({}), std::invalid_argument);
+  EXPECT_THROW(deck.Replace({{{"X", {}}}, 1}), std::invalid_argument);
+  EXPECT_THROW(deck.Replace({std::vector<NamedCard>(CardDeck::kMostCards + 1), 0}),
+               std::invalid_argument);
+  EXPECT_EQ(deck.Size(), 3U);
+}
+
 }  // namespace
 }  // namespace vantrel::printer
