@@ -75,10 +75,18 @@ void LineLog::Finish() {
 }
 
 void LineLog::Comment(std::size_t number, std::string_view comment) {
+  AddLine(number, &LogEntry::comment, comment);
+}
+
+void LineLog::Remark(std::size_t number, std::string_view remark) {
+  AddLine(number, &LogEntry::remark, remark);
+}
+
+void LineLog::AddLine(std::size_t number, std::string LogEntry::*told, std::string_view line) {
   if (number < first_ || number >= End()) return;
-  std::string& kept = entries_[number - first_].comment;
+  std::string& kept = entries_[number - first_].*told;
   if (!kept.empty()) kept += '\n';
-  kept += comment;
+  kept += line;
 }
 
 void LineLog::Clear() {
@@ -101,11 +109,10 @@ std::optional<std::size_t> LineLog::Latest(protocol::Direction direction) const 
   return latest && *latest >= first_ ? latest : std::nullopt;
 }
 
-std::optional<std::size_t> LineLog::LatestFrame(protocol::Direction direction,
-                                                std::size_t before) const {
+std::optional<std::size_t> LineLog::LatestFrame(protocol::Direction direction) const {
   for (std::size_t number = End(); number > first_; --number) {
     const LogEntry& entry = entries_[number - 1 - first_];
-    if (entry.direction == direction && IsWholeFrame(entry) && before-- == 0) return number - 1;
+    if (entry.direction == direction && IsWholeFrame(entry)) return number - 1;
   }
   return {};
 }
@@ -187,7 +194,10 @@ std::string CharactersOf(const LogEntry& entry) {
 }
 
 std::string MeaningOf(const LogEntry& entry) {
-  return protocol::MeaningInWords(entry.direction, BytesOf(entry));
+  std::string words = protocol::MeaningInWords(entry.direction, BytesOf(entry));
+  if (!entry.remark.empty()) words += " (" + entry.remark + ')';
+  std::replace(words.begin(), words.end(), '\n', ';');
+  return words;
 }
 
 std::string TextLineOf(const LogEntry& entry) {

@@ -27,8 +27,11 @@ WallTime WallNow();
 struct LogEntry {
   WallTime time{};  // of its first byte
   protocol::Direction direction = protocol::Direction::kFromConsole;
-  std::string bytes;    // one character a byte
-  std::string comment;  // what was told beside the bytes, UTF-8; most often empty
+  std::string bytes;  // one character a byte
+  // What was told beside the bytes, UTF-8; most often empty. A comment goes into captures, a remark
+  // is shown after the meaning.
+  std::string comment{};
+  std::string remark{};
 
   friend bool operator==(const LogEntry&, const LogEntry&) = default;
 };
@@ -66,6 +69,8 @@ class LineLog {
   // Adds a comment to an entry; one that has a comment keeps it, on a line before. Nothing happens
   // where the number is outside [First(), End()).
   void Comment(std::size_t number, std::string_view comment);
+  // The same with a remark.
+  void Remark(std::size_t number, std::string_view remark);
   // Forgets the entries before a number.
   void DropBefore(std::size_t number);
   // Forgets all entries; the numbers go on.
@@ -77,10 +82,8 @@ class LineLog {
   std::size_t Settled() const;
   // The number of the entry that holds a direction's latest byte; nothing where none does.
   std::optional<std::size_t> Latest(protocol::Direction direction) const;
-  // The number of the latest whole frame of a direction, or of the one `before` such frames
-  // earlier; nothing where the log holds none.
-  std::optional<std::size_t> LatestFrame(protocol::Direction direction,
-                                         std::size_t before = 0) const;
+  // The number of the latest whole frame of a direction; nothing where the log holds none.
+  std::optional<std::size_t> LatestFrame(protocol::Direction direction) const;
   // The entry of a number in [First(), End()); throws std::out_of_range outside.
   const LogEntry& At(std::size_t number) const { return entries_.at(number - first_); }
 
@@ -94,6 +97,7 @@ class LineLog {
   };
 
   void Add(protocol::Direction direction, std::uint8_t byte, WallTime now);
+  void AddLine(std::size_t number, std::string LogEntry::*told, std::string_view line);
   void Trim();
 
   LogBounds bounds_;

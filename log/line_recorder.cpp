@@ -29,9 +29,14 @@ void LineRecorder::Record(protocol::Direction direction, const QByteArray& bytes
   emit Recorded();
 }
 
-void LineRecorder::Comment(const std::string& comment, std::size_t before) {
-  const auto frame = log_.LatestFrame(protocol::Direction::kFromConsole, before);
+void LineRecorder::Comment(const std::string& comment) {
+  const auto frame = log_.LatestFrame(protocol::Direction::kFromConsole);
   if (frame) log_.Comment(*frame, comment);
+}
+
+void LineRecorder::Remark(const std::string& remark) {
+  const auto frame = log_.LatestFrame(protocol::Direction::kFromConsole);
+  if (frame) log_.Remark(*frame, remark);
 }
 
 void LineRecorder::Finish() {

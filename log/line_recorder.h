@@ -23,9 +23,9 @@ class LineRecorder : public QObject {
   // Adds bytes to the log, as of this moment or of a moment handed in.
   void Record(protocol::Direction direction, const QByteArray& bytes);
   void Record(protocol::Direction direction, const QByteArray& bytes, WallTime when);
-  // Adds a comment to the latest whole frame from the console, or to the one `before` such frames
-  // earlier.
-  void Comment(const std::string& comment, std::size_t before = 0);
+  // Adds a comment or a remark to the latest whole frame from the console.
+  void Comment(const std::string& comment);
+  void Remark(const std::string& remark);
   // Completes all groups as they stand; for the end of a line.
   void Finish();
   void Clear();

@@ -9,8 +9,10 @@
 namespace vantrel::printer {
 namespace {
 
-// So that who waits for room does not wait for the end of a long frame.
+// So that who waits for room does not wait for the end of a long frame, and who watches the line
+// does not take a slow one for silent.
 constexpr std::size_t kLongestRun = 512;
+constexpr std::int64_t kRunsASecond = 4;
 constexpr std::int64_t kBitsPerByte = 10;
 constexpr std::int64_t kSecond = 1000000000;    // nanoseconds
 constexpr std::int64_t kMillisecond = 1000000;  // nanoseconds
@@ -22,7 +24,7 @@ protocol::Moment IncomingLine::Run::ArrivalOf(std::size_t index) const {
   return protocol::Moment{(time + kMillisecond - 1) / kMillisecond};
 }
 
-void IncomingLine::Put(std::span<const std::uint8_t> bytes, protocol::Moment now) {
+void IncomingLine::Put(std::span<const std::uint8_t> bytes, protocol::Moment now, bool misheard) {
   bytes = bytes.first(std::min(bytes.size(), kMostUnheard - std::min(waiting_, kMostUnheard)));
   const std::int64_t byte_time = speed_ > 0 ? kBitsPerByte * kSecond / speed_ : 0;
   busy_until_ = std::max(busy_until_, std::chrono::nanoseconds(now).count());
@@ -30,7 +32,7 @@ void IncomingLine::Put(std::span<const std::uint8_t> bytes, protocol::Moment now
   while (!bytes.empty()) {
     const auto run = bytes.first(LengthOfRun(bytes));
     check_is_next_ = run.back() == protocol::kEtx;
-    runs_.push_back({{run.begin(), run.end()}, busy_until_, byte_time});
+    runs_.push_back({{run.begin(), run.end()}, busy_until_, byte_time, misheard});
     busy_until_ += static_cast<std::int64_t>(run.size()) * byte_time;
     bytes = bytes.subspan(run.size());
   }
@@ -41,8 +43,10 @@ std::size_t IncomingLine::LengthOfRun(std::span<const std::uint8_t> bytes) const
   if (speed_ == 0) return bytes.size();
   if (check_is_next_) return 1;
   const auto etx = std::find(bytes.begin(), bytes.end(), protocol::kEtx);
-  return std::min(static_cast<std::size_t>(etx - bytes.begin()) + 2,
-                  std::min(bytes.size(), kLongestRun));
+  const auto longest =
+      static_cast<std::size_t>(std::max(speed_ / kBitsPerByte / kRunsASecond, std::int64_t{1}));
+  return std::min(
+      {static_cast<std::size_t>(etx - bytes.begin()) + 2, bytes.size(), longest, kLongestRun});
 }
 
 std::vector<IncomingLine::Part> IncomingLine::Take(protocol::Moment now) {
@@ -51,7 +55,8 @@ std::vector<IncomingLine::Part> IncomingLine::Take(protocol::Moment now) {
     Run& run = runs_.front();
     for (; run.taken < run.bytes.size() && run.ArrivalOf(run.taken) <= now; ++run.taken) {
       const protocol::Moment when = run.ArrivalOf(run.taken);
-      if (parts.empty() || parts.back().when != when) parts.push_back({{}, when});
+      if (parts.empty() || parts.back().when != when || parts.back().is_misheard != run.is_misheard)
+        parts.push_back({{}, when, run.is_misheard});
       parts.back().bytes.push_back(run.bytes[run.taken]);
       --waiting_;
     }

@@ -24,6 +24,7 @@ class IncomingLine {
   struct Part {
     link::Bytes bytes;
     protocol::Moment when;
+    bool is_misheard = false;
 
     friend bool operator==(const Part&, const Part&) = default;
   };
@@ -31,12 +32,13 @@ class IncomingLine {
   // Bits a second, a byte being ten bits; 0, as at the start, for no time at all. Holds for what is
   // put from now on.
   void SetSpeed(int speed) { speed_ = speed; }
-  // Puts bytes behind what is on its way already.
-  void Put(std::span<const std::uint8_t> bytes, protocol::Moment now);
+  // Puts bytes behind what is on its way already; `misheard` where they are what the printer makes
+  // of others.
+  void Put(std::span<const std::uint8_t> bytes, protocol::Moment now, bool misheard = false);
   // What has arrived by `now`, in order.
   std::vector<Part> Take(protocol::Moment now);
-  // When the next frame may be complete, or some hundred bytes or all that was put at once have
-  // arrived; nothing while the line is empty.
+  // When the next frame may be complete, or a quarter of a second's or 512 bytes or all that was
+  // put at once have arrived; nothing while the line is empty.
   std::optional<protocol::Moment> Deadline() const;
   // How many bytes are on their way.
   std::size_t Waiting() const { return waiting_; }
@@ -51,6 +53,7 @@ class IncomingLine {
     link::Bytes bytes;
     std::int64_t start;
     std::int64_t byte_time;
+    bool is_misheard;
     std::size_t taken = 0;
 
     // When byte number `index` has arrived, rounded up.

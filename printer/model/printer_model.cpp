@@ -21,13 +21,15 @@ bool IsServedBeside(const PreparedCommand& command) {
 
 void PrinterModel::Receive(std::span<const std::uint8_t> bytes, protocol::Moment now) {
   LetTimePass(now);
-  if (!state_.power) return;
-  link::Bytes garbled;
+  if (!state_.power) return TellHeard(bytes, now);
   if (SpeedsDiffer()) {
-    garbled = HeardAtAnotherSpeed({bytes.begin(), bytes.end()}, *console_speed_, speed_);
-    bytes = garbled;
+    TellHeard(bytes, now);
+    const link::Bytes heard =
+        HeardAtAnotherSpeed({bytes.begin(), bytes.end()}, *console_speed_, speed_);
+    incoming_.Put(heard, now, true);
+  } else {
+    incoming_.Put(bytes, now);
   }
-  incoming_.Put(bytes, now);
   LetTimePass(now);
   Flush(now);
 }
@@ -97,6 +99,9 @@ void PrinterModel::SetPower(bool on, protocol::Moment now) {
   LetTimePass(now);
   if (on == state_.power) return;
   EndEverything();
+  for (const IncomingLine::Part& part : incoming_.Take(protocol::Moment::max())) {
+    if (!part.is_misheard) TellHeard(part.bytes, now);
+  }
   incoming_.Clear();
   receiver_ = {};
   state_.power = on;
@@ -183,9 +188,9 @@ std::string PrinterModel::ActivityInWords() const {
 }
 
 void PrinterModel::LetTimePass(protocol::Moment now) {
-  for (const auto& [bytes, when] : incoming_.Take(now)) {
-    LetWorkPass(when);
-    for (const protocol::Arrival& arrival : receiver_.Receive(bytes, when)) Accept(arrival, when);
+  for (const IncomingLine::Part& part : incoming_.Take(now)) {
+    LetWorkPass(part.when);
+    Hear(part);
   }
   receiver_.Advance(now);
   LetWorkPass(now);
@@ -195,6 +200,27 @@ void PrinterModel::LetWorkPass(protocol::Moment now) {
   DoDueWork(now);
   state_.now = now;
   state_.indicators.Advance(now);
+}
+
+void PrinterModel::Hear(const IncomingLine::Part& part) {
+  std::span<const std::uint8_t> untold = part.bytes;
+  std::size_t heard = 0;
+  const auto tell = [&] {
+    if (!part.is_misheard) TellHeard(untold.first(heard), part.when);
+    untold = untold.subspan(std::exchange(heard, 0));
+  };
+  for (const std::uint8_t& byte : part.bytes) {
+    ++heard;
+    for (const protocol::Arrival& arrival : receiver_.Receive({&byte, 1}, part.when)) {
+      tell();
+      Accept(arrival, part.when);
+    }
+  }
+  tell();
+}
+
+void PrinterModel::TellHeard(std::span<const std::uint8_t> bytes, protocol::Moment when) {
+  if (hear_ && !bytes.empty()) hear_(bytes, when);
 }
 
 void PrinterModel::Accept(const protocol::Arrival& arrival, protocol::Moment now) {
@@ -245,7 +271,7 @@ Strikes PrinterModel::StrikesOn(const protocol::Arrival& arrival) {
   const auto code = arrival.content.empty() ? std::nullopt : std::optional(arrival.content.front());
   Strikes strikes = faults_.Strike(code);
   for (const Fault& fault : strikes.All()) {
-    if (remark_) remark_("fault: " + KindTextOf(fault));
+    if (strike_) strike_(KindTextOf(fault));
   }
   return strikes;
 }

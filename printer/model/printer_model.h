@@ -54,8 +54,18 @@ class PrinterModel {
   void OnAnswered(std::function<void(const Answered& answer)> listener) {
     answered_ = std::move(listener);
   }
-  // Called, while a frame is received, with what there is to remark on it: "fault: status 38" for
-  // each fault that strikes it.
+  // Called with all that the console says, in order, as the line has carried it over; a frame's
+  // last byte comes right before the printer does anything with it. What a printer at another speed
+  // mishears is told as it was said.
+  void OnHear(
+      std::function<void(std::span<const std::uint8_t> bytes, protocol::Moment when)> listener) {
+    hear_ = std::move(listener);
+  }
+  // Called, right after a frame was heard, with each fault that strikes it, "status 38".
+  void OnStrike(std::function<void(const std::string& fault)> listener) {
+    strike_ = std::move(listener);
+  }
+  // Called, right after a frame was heard, with what else there is to remark on it.
   void OnRemark(std::function<void(const std::string& remark)> listener) {
     remark_ = std::move(listener);
   }
@@ -135,6 +145,8 @@ class PrinterModel {
   // What time alone has brought about by `now`, and what the console has said by then.
   void LetTimePass(protocol::Moment now);
   void LetWorkPass(protocol::Moment now);
+  void Hear(const IncomingLine::Part& part);
+  void TellHeard(std::span<const std::uint8_t> bytes, protocol::Moment when);
   void Accept(const protocol::Arrival& arrival, protocol::Moment now);
   // The faults that strike a frame, of which the listener is told.
   Strikes StrikesOn(const protocol::Arrival& arrival);
@@ -166,6 +178,8 @@ class PrinterModel {
   std::function<void()> change_;
   std::function<void()> vanish_;
   std::function<void(const Answered&)> answered_;
+  std::function<void(std::span<const std::uint8_t>, protocol::Moment)> hear_;
+  std::function<void(const std::string&)> strike_;
   std::function<void(const std::string&)> remark_;
 
   bool pacing_ = false;

@@ -29,6 +29,12 @@ PrinterServer::PrinterServer(PrinterModel& model, LineMaker make_line, QObject* 
   model_.OnAnswered([this](const printer::Answered& answer) {
     if (sent_whole_) emit Answered(answer);
   });
+  model_.OnHear([this](std::span<const std::uint8_t> bytes, protocol::Moment when) {
+    emit Received(QByteArray(reinterpret_cast<const char*>(bytes.data()),
+                             static_cast<qsizetype>(bytes.size())),
+                  when);
+  });
+  model_.OnStrike([this](const std::string& fault) { emit Struck(QString::fromStdString(fault)); });
   model_.OnRemark(
       [this](const std::string& remark) { emit Remarked(QString::fromStdString(remark)); });
   // The model is at work when it asks for this.
@@ -53,6 +59,8 @@ PrinterServer::~PrinterServer() {
   model_.OnSend({});
   model_.OnChange({});
   model_.OnAnswered({});
+  model_.OnHear({});
+  model_.OnStrike({});
   model_.OnRemark({});
   model_.OnVanish({});
 }
@@ -92,7 +100,6 @@ void PrinterServer::ReadLine() {
   const link::Bytes bytes = line_->Read();
   if (bytes.empty()) return;
   TellSpeed();
-  emit Received(ToQt(bytes));
   model_.Receive(bytes, Now());
 }
 

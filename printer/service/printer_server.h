@@ -52,14 +52,17 @@ class PrinterServer : public QObject {
   protocol::Moment Now() const;
 
  signals:
-  // What has gone over the line, as it was read or written.
-  void Received(const QByteArray& bytes);
+  // What has gone over the line: what the printer has heard of the console, frame by frame, at that
+  // moment (see Now), and what was written.
+  void Received(const QByteArray& bytes, vantrel::protocol::Moment when);
   void Sent(const QByteArray& bytes);
   // The device has vanished, or is there again.
   void DeviceChanged();
   // An answer to a command has left whole; see PrinterModel::OnAnswered. Comes after Sent.
   void Answered(const vantrel::printer::Answered& answer);
-  // There is something to remark on the frame that was received last: "fault: status 38".
+  // A fault, "status 38", strikes the frame that was received last.
+  void Struck(const QString& fault);
+  // There is something else to remark on the frame that was received last.
   void Remarked(const QString& remark);
   // Something visible of the model may have changed.
   void Changed();

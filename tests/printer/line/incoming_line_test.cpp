@@ -57,6 +57,28 @@ TEST(IncomingLine, AsksToBeLookedAtWhenAFrameMayBeComplete) {
   EXPECT_EQ(line.Deadline(), protocol::Moment(80ms));
 }
 
+TEST(IncomingLine, AsksToBeLookedAtFourTimesASecondOfALongFrame) {
+  IncomingLine line;
+  line.SetSpeed(1000);
+  line.Put(link::Bytes(100, 0x41), 0ms);
+  EXPECT_EQ(line.Deadline(), protocol::Moment(250ms));
+  EXPECT_EQ(line.Take(250ms).size(), 25U);
+  EXPECT_EQ(line.Deadline(), protocol::Moment(500ms));
+  // A byte that takes longer is one by itself.
+  IncomingLine slow;
+  slow.SetSpeed(10);
+  slow.Put(link::Bytes{0x41, 0x41}, 0ms);
+  EXPECT_EQ(slow.Deadline(), protocol::Moment(1s));
+}
+
+TEST(IncomingLine, KeepsApartWhatIsMisheard) {
+  IncomingLine line;
+  line.Put(link::Bytes{1}, 0ms);
+  line.Put(link::Bytes{2}, 0ms, true);
+  line.Put(link::Bytes{3}, 0ms, true);
+  EXPECT_EQ(line.Take(0ms), (std::vector<Part>{{{1}, 0ms, false}, {{2, 3}, 0ms, true}}));
+}
+
 TEST(IncomingLine, LosesWhatThereIsNoRoomFor) {
   IncomingLine line;
   line.SetSpeed(1000);

@@ -11,9 +11,16 @@ using namespace std::chrono_literals;
 // STX. A byte is ten bits.
 class Pacing : public testing::Test {
  protected:
-  Pacing() { bench_.model.SetPacing(true); }
+  Pacing() {
+    bench_.model.SetPacing(true);
+    bench_.model.OnHear([this](std::span<const std::uint8_t> bytes, protocol::Moment when) {
+      heard_.push_back(std::to_string(when.count()) + ": " +
+                       link::HexTextOf({bytes.begin(), bytes.end()}));
+    });
+  }
 
   support::PrinterBench bench_;
+  support::Chunks heard_;  // "1010: 02" for a byte at 1010 ms
 };
 
 TEST_F(Pacing, SendsAtTheSpeedOfTheLine) {
@@ -59,6 +66,26 @@ TEST_F(Pacing, HearsNothingInWhatComesAtAnotherSpeed) {
   bench_.model.SetConsoleSpeed(9600);
   bench_.Send("02 95 03 96");
   EXPECT_EQ(bench_.Pass(1min), support::Chunks{"06 02 95 20 30 03 86"});
+}
+
+TEST_F(Pacing, TellsWhatItHearsWhenTheLineHasCarriedItOver) {
+  bench_.model.SetSpeed(1000);
+  bench_.Send("02 95 03 96 FF");
+  EXPECT_EQ(heard_, support::Chunks{});
+  bench_.Pass(40ms);
+  EXPECT_EQ(heard_, (support::Chunks{"1010: 02", "1020: 95", "1030: 03", "1040: 96"}));
+  bench_.model.SetPower(false, bench_.now);
+  EXPECT_EQ(heard_.back(), "1040: FF");
+  // A printer that is off hears nothing, and yet the line has carried it.
+  bench_.Send("02 95 03 96");
+  EXPECT_EQ(heard_.back(), "1040: 02950396");
+}
+
+TEST_F(Pacing, TellsWhatItMishearsAsItWasSaid) {
+  bench_.model.SetConsoleSpeed(19200);
+  bench_.Send("02 95 03 96");
+  bench_.Pass(1min);
+  EXPECT_EQ(heard_, support::Chunks{"1000: 02950396"});
 }
 
 TEST_F(Pacing, AnswersAsNoiseAConsoleThatHasChangedItsSpeed) {

@@ -232,16 +232,18 @@ TEST_F(Faults, AimedStrikeOnlyTheirCommand) {
   EXPECT_EQ(bench_.Send("02 96 03 95"), support::Chunks{"06 02 96 20 30 03 85"});
 }
 
-TEST_F(Faults, AreRemarkedWhileTheyStrike) {
-  std::vector<std::string> remarks;
-  bench_.model.OnRemark([&remarks](const std::string& remark) { remarks.push_back(remark); });
+TEST_F(Faults, AreToldRightAfterTheFrameThatTheyStrike) {
+  std::vector<std::string> told;
+  bench_.model.OnStrike([&told](const std::string& fault) { told.push_back(fault); });
+  bench_.model.OnHear([&told](std::span<const std::uint8_t> bytes, protocol::Moment) {
+    told.push_back(link::HexTextOf({bytes.begin(), bytes.end()}));
+  });
   Set("status 22 on 95 for 2");
   bench_.model.AddFault(ParseFault("noise FF"));
-  Ask();
-  Ask();
-  Ask();
-  EXPECT_EQ(remarks,
-            (std::vector<std::string>{"fault: status 22", "fault: noise FF", "fault: status 22"}));
+  // Four frames and a part of one at once, the first with a bad block check.
+  bench_.Send("41 02 95 03 97 02 95 03 96 02 96 03 95 02 95 03 96 02");
+  EXPECT_EQ(told, (std::vector<std::string>{"4102950397", "02950396", "status 22", "noise FF",
+                                            "02960395", "02950396", "status 22", "02"}));
 }
 
 TEST_F(Faults, SuppressTheAnswerThatIsTold) {

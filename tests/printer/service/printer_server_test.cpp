@@ -82,8 +82,8 @@ TEST_F(PrinterServerTest, TellsOfAnswersAndFaults) {
   QStringList told;
   QObject::connect(&server_, &PrinterServer::Received, [&told] { told << "received"; });
   QObject::connect(&server_, &PrinterServer::Sent, [&told] { told << "sent"; });
-  QObject::connect(&server_, &PrinterServer::Remarked,
-                   [&told](const QString& remark) { told << remark; });
+  QObject::connect(&server_, &PrinterServer::Struck,
+                   [&told](const QString& fault) { told << "struck: " + fault; });
   QObject::connect(&server_, &PrinterServer::Answered, [&told](const Answered& answer) {
     told << "answered " + QString::fromStdString(link::HexTextOf(answer.bytes));
   });
@@ -91,21 +91,50 @@ TEST_F(PrinterServerTest, TellsOfAnswersAndFaults) {
   model_.ReplaceFaults(ParseFault("status 38"));
   console.Write("02 95 03 96");
   EXPECT_TRUE(QTest::qWaitFor([&told] { return told.size() >= 4; }));
-  EXPECT_EQ(told, QStringList({"received", "fault: status 38", "sent",
+  EXPECT_EQ(told, QStringList({"received", "struck: status 38", "sent",
                                "answered 029538"
                                "03AE"}));
 }
 
-TEST_F(PrinterServerTest, HasItsRemarksInTheLog) {
+TEST_F(PrinterServerTest, HasAFaultAsACommentOfTheCommandThatMetIt) {
   log::LineRecorder recorder;
   RecordLineOf(server_, recorder);
   const support::DeviceUser console(server_.DevicePath());
-  model_.ReplaceFaults(ParseFault("status 38"));
-  console.Write("02 95 03 96");
-  const log::LineLog& log = recorder.Log();
-  EXPECT_TRUE(QTest::qWaitFor([&log] {
-    return log.End() > log.First() && log.At(log.First()).comment == "fault: status 38";
+  model_.ReplaceFaults(ParseFault("status 38 on 96"));
+  model_.AddFault(ParseFault("bad-bcc on 96"));
+  // In one write.
+  console.Write("02 95 03 96 02 96 03 95 02 95 03 96");
+  std::vector<std::string> comments;
+  EXPECT_TRUE(QTest::qWaitFor([&] {
+    comments.clear();
+    for (std::size_t i = recorder.Log().First(); i < recorder.Log().End(); ++i) {
+      const log::LogEntry& entry = recorder.Log().At(i);
+      if (entry.direction == protocol::Direction::kFromConsole) comments.push_back(entry.comment);
+    }
+    return comments.size() == 3;
   }));
+  EXPECT_EQ(comments, (std::vector<std::string>{"", "fault: status 38\nfault: bad-bcc", ""}));
+}
+
+TEST_F(PrinterServerTest, HasARemarkInTheLogAndInNoComment) {
+  log::LineRecorder recorder;
+  RecordLineOf(server_, recorder);
+  model_.SetInstantWork(true);
+  server_.InsertCard();
+  const support::DeviceUser console(server_.DevicePath());
+  console.Write("02 50 31 03 62 02 51 03 52 02 54 03 57");
+  // The last row is the reply to 54h.
+  const log::LineLog& log = recorder.Log();
+  EXPECT_TRUE(QTest::qWaitFor(
+      [&log] { return log.End() > 0 && log::HexOf(log.At(log.End() - 1)) == "02 54 20 03 77"; }));
+  std::string meaning;
+  for (std::size_t i = log.First(); i < log.End(); ++i) {
+    EXPECT_EQ(log.At(i).comment, "");
+    if (log::HexOf(log.At(i)) == "02 54 03 57") meaning = log::MeaningOf(log.At(i));
+  }
+  EXPECT_EQ(meaning,
+            "54h card insertion wait cancel (54h does not end the wait of 51h for the card's "
+            "removal; 55h does)");
 }
 
 TEST_F(PrinterServerTest, TellsOfNoAnswerThatTheLineHasLost) {
