@@ -14,11 +14,10 @@ void EndAtOnce(int status) { std::_Exit(status); }
 
 }  // namespace
 
-ConsoleProgram::ConsoleProgram(int& argc, char** argv)
-    : application_(argc, argv, dialogs_, EndAtOnce) {
-  QApplication::setApplicationName("vantrel");
-  QApplication::setApplicationVersion(VANTREL_VERSION);
-  QApplication::setDesktopFileName("vantrel");
+ConsoleProgram::ConsoleProgram(const char* name, int& argc, char** argv)
+    : display_(std::in_place, name), application_(argc, argv, dialogs_, EndAtOnce) {
+  display_.reset();
+  dialogs::IdentifyApplication(name);
 }
 
 int ConsoleProgram::Run(link::SerialPort::DeviceOf device_of) {

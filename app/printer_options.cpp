@@ -1,6 +1,5 @@
 #include "app/printer_options.h"
 
-#include "app/printer_table.h"
 #include "commandline/parse.h"
 #include "protocol/line_speed.h"
 
@@ -108,13 +107,14 @@ PrinterOptions OptionsOf(const Parsed& parsed) {
 
 }  // namespace
 
-ParsedPrinterOptions ParsePrinterOptions(int argc, const char* const* argv) {
-  const auto [parsed, end] = commandline::Begin(PrinterProgram(), argc, argv, std::cout, std::cerr);
+ParsedPrinterOptions ParsePrinterOptions(const commandline::Program& program, int argc,
+                                         const char* const* argv) {
+  const auto [parsed, end] = commandline::Begin(program, argc, argv, std::cout, std::cerr);
   if (end) return {{}, end};
   try {
     return {OptionsOf(parsed), {}};
   } catch (const WrongUse& error) {
-    return {{}, commandline::TellWrongUse(PrinterProgram(), error.what(), std::cerr)};
+    return {{}, commandline::TellWrongUse(program, error.what(), std::cerr)};
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandline/table.h"
 #include "printer/commands/printer_state.h"
 #include "protocol/tcp_address.h"
 
@@ -34,6 +35,8 @@ struct ParsedPrinterOptions {
   std::optional<int> end;
 };
 
-ParsedPrinterOptions ParsePrinterOptions(int argc, const char* const* argv);
+// `program` has the printer's options, or some of them.
+ParsedPrinterOptions ParsePrinterOptions(const commandline::Program& program, int argc,
+                                         const char* const* argv);
 
 }  // namespace vantrel::app

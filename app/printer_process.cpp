@@ -15,12 +15,12 @@ constexpr int kEndLimit = 3000;
 
 }  // namespace
 
-PrinterProcess::PrinterProcess() {
+PrinterProcess::PrinterProcess(const QStringList& options) {
   const QString program = QCoreApplication::applicationDirPath() + "/vantrel-printer";
   process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
   // The console may end without a word; the printer must not outlive it.
   process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
-  process_.start(program, QStringList());
+  process_.start(program, options);
   while (!process_.canReadLine() && process_.waitForReadyRead(kStartLimit)) {
   }
   device_path_ = process_.readLine().trimmed().toStdString();

@@ -9,9 +9,9 @@ namespace vantrel::app {
 // A vantrel-printer that runs as long as this object lives, and no longer than this process.
 class PrinterProcess {
  public:
-  // Starts the program that stands beside this one and waits until it serves. Throws
-  // std::runtime_error with the reason when it does not.
-  PrinterProcess();
+  // Starts the program that stands beside this one, with options of its own, and waits until it
+  // serves. Throws std::runtime_error with the reason when it does not.
+  explicit PrinterProcess(const QStringList& options);
   ~PrinterProcess();
 
   // The device that a console opens.

@@ -1,7 +1,5 @@
 #include "app/printer_table.h"
 
-#include "commandline/this_program.h"
-
 namespace vantrel::app {
 namespace {
 
@@ -19,7 +17,9 @@ constexpr const char* kStatusString =
     "  7  LED, in the digits of 5Ah\n"
     "  8  cleaning button, as it is in force: 0 disabled, 1 enabled\n";
 
-Program MakeProgram() {
+}  // namespace
+
+Program MakePrinterProgram() {
   return {
       .name = "vantrel-printer",
       .version = VANTREL_VERSION,
@@ -102,17 +102,4 @@ Program MakeProgram() {
   };
 }
 
-}  // namespace
-
-const Program& PrinterProgram() {
-  static const Program kProgram = MakeProgram();
-  return kProgram;
-}
-
 }  // namespace vantrel::app
-
-namespace vantrel::commandline {
-
-const Program& ThisProgram() { return app::PrinterProgram(); }
-
-}  // namespace vantrel::commandline

@@ -8,4 +8,6 @@ namespace vantrel::app {
 // follow.
 const commandline::Program& PrinterProgram();
 
+commandline::Program MakePrinterProgram();
+
 }  // namespace vantrel::app

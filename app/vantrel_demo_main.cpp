@@ -1,23 +1,25 @@
 #include "app/console_program.h"
+#include "app/demo_table.h"
+#include "app/printer_options.h"
 #include "app/printer_process.h"
 
-#include <cstring>
 #include <exception>
 #include <iostream>
 
 // Starts a software printer and a console whose COM 1 is that printer.
 int main(int argc, char** argv) {
-  if (argc > 1 && (std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0)) {
-    std::cout << "Usage: vantrel-demo\n"
-                 "Starts a software printer (vantrel-printer) and the console (vantrel) with that\n"
-                 "printer at COM 1. Put a card in, then press a button of the console.\n";
-    return 0;
-  }
-  vantrel::app::ConsoleProgram console(argc, argv);
+  using namespace vantrel;
+  if (const auto end = app::ParsePrinterOptions(app::DemoProgram(), argc, argv).end) return *end;
+  const QStringList options = [&] {
+    QStringList list;
+    for (int i = 1; i < argc; ++i) list += QString::fromLocal8Bit(argv[i]);
+    return list;
+  }();
+  app::ConsoleProgram console("vantrel-demo", argc, argv);
   try {
-    const vantrel::app::PrinterProcess printer;
+    const app::PrinterProcess printer(options);
     return console.Run([&printer](int port_number) {
-      return port_number == 1 ? printer.DevicePath() : vantrel::link::SystemDevice(port_number);
+      return port_number == 1 ? printer.DevicePath() : link::SystemDevice(port_number);
     });
   } catch (const std::exception& error) {
     std::cerr << "vantrel-demo: " << error.what() << "\n";

@@ -1,6 +1,13 @@
 #include "app/console_program.h"
+#include "app/console_table.h"
+#include "commandline/parse.h"
 
-// The console. It has no options.
+#include <iostream>
+
 int main(int argc, char** argv) {
-  return vantrel::app::ConsoleProgram(argc, argv).Run(vantrel::link::SystemDevice);
+  using namespace vantrel;
+  const auto [parsed, end] =
+      commandline::Begin(app::ConsoleTable(), argc, argv, std::cout, std::cerr);
+  if (end) return *end;
+  return app::ConsoleProgram("vantrel", argc, argv).Run(link::SystemDevice);
 }

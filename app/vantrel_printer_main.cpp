@@ -1,4 +1,6 @@
 #include "app/printer_options.h"
+#include "app/printer_table.h"
+#include "dialogs/program_start.h"
 #include "dialogs/window_file_chooser.h"
 #include "log/capture_file.h"
 #include "log/capture_recorder.h"
@@ -44,9 +46,14 @@ namespace {
 // How long a reader of the last lines may leave them.
 constexpr std::chrono::milliseconds kPatience{2000};
 
-bool HasDisplay() {
-  return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-         qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+std::unique_ptr<QCoreApplication> MakeWindowApplication(int& argc, char** argv) {
+  std::unique_ptr<QCoreApplication> application;
+  {
+    const vantrel::dialogs::DisplayWatch watch("vantrel-printer", "--headless needs none.");
+    application = std::make_unique<QApplication>(argc, argv);
+  }
+  vantrel::dialogs::IdentifyApplication("vantrel-printer");
+  return application;
 }
 
 // The link to the device, if one is asked for.
@@ -258,15 +265,12 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
 
   // Help, errors and a printer without a window need no display.
-  const auto [options, end] = vantrel::app::ParsePrinterOptions(argc, argv);
+  const auto [options, end] =
+      vantrel::app::ParsePrinterOptions(vantrel::app::PrinterProgram(), argc, argv);
   if (end) return *end;
-  if (!options.headless && !HasDisplay()) {
-    Complain("there is no display for the window; --headless needs none.");
-    return EXIT_FAILURE;
-  }
   const std::unique_ptr<QCoreApplication> application =
       options.headless ? std::make_unique<QCoreApplication>(argc, argv)
-                       : std::make_unique<QApplication>(argc, argv);
+                       : MakeWindowApplication(argc, argv);
   try {
     if (!options.replay.empty()) return Replay(options);
     return options.through.empty() ? Serve(options) : PassThrough(options);

@@ -191,8 +191,7 @@ Start Begin(const Program& program, int argc, const char* const* argv, std::ostr
 }
 
 int TellWrongUse(const Program& program, const std::string& sentence, std::ostream& errors) {
-  errors << program.name << ": " << sentence << "\nTry '" << program.name
-         << " --help' for the options.\n";
+  errors << program.name << ": " << sentence << " Try '" << program.name << " --help'.\n";
   return kWrongUseStatus;
 }
 

@@ -63,8 +63,8 @@ struct Start {
 Start Begin(const Program& program, int argc, const char* const* argv, std::ostream& out,
             std::ostream& errors);
 
-// Writes "PROGRAM: sentence" and the hint at --help; returns the status of wrong use. Also for what
-// the table cannot see.
+// Writes "PROGRAM: sentence" with the hint at --help, one line; returns the status of wrong use.
+// Also for what the table cannot see.
 int TellWrongUse(const Program& program, const std::string& sentence, std::ostream& errors);
 
 // A value within its range or among its choices comes back as it is to be used: a number without

@@ -144,8 +144,8 @@ TEST_F(BeginTest, TellsWrongUseInOneSentence) {
   EXPECT_EQ(EndOf({"--haste", "--help"}), 2);
   EXPECT_EQ(out_.str(), "");
   EXPECT_EQ(errors_.str(),
-            "test-dispenser: Unknown option 'haste'.\n"
-            "Try 'test-dispenser --help' for the options.\n");
+            "test-dispenser: Unknown option 'haste'. "
+            "Try 'test-dispenser --help'.\n");
 }
 
 }  // namespace

@@ -249,8 +249,8 @@ TEST_F(OneCommand, RefusesWrongUse) {
     const Ended ended = SendTo(one.words);
     EXPECT_EQ(ended.status, 2) << one.sentence;
     EXPECT_EQ(ended.out, "");
-    EXPECT_EQ(ended.errors.toStdString(), std::string("vantrel-send: ") + one.sentence +
-                                              "\nTry 'vantrel-send --help' for the options.\n");
+    EXPECT_EQ(ended.errors.toStdString(),
+              std::string("vantrel-send: ") + one.sentence + " Try 'vantrel-send --help'.\n");
   }
 }
 

@@ -235,14 +235,14 @@ TEST_F(PrinterProgram, RejectsWhatItDoesNotKnow) {
     Start({"--speed", speed});
     EXPECT_EQ(End(), 2) << speed;
     EXPECT_EQ(program_.readAllStandardError(),
-              "vantrel-printer: --speed needs a number from 50 to 4000000.\n"
-              "Try 'vantrel-printer --help' for the options.\n");
+              "vantrel-printer: --speed needs a number from 50 to 4000000. "
+              "Try 'vantrel-printer --help'.\n");
   }
   Start({"--series", "ql9"});
   EXPECT_EQ(End(), 2);
   EXPECT_EQ(program_.readAllStandardError(),
-            "vantrel-printer: --series is ql7 or ql8.\n"
-            "Try 'vantrel-printer --help' for the options.\n");
+            "vantrel-printer: --series is ql7 or ql8. "
+            "Try 'vantrel-printer --help'.\n");
   Start({"COM1"});
   EXPECT_EQ(End(), 2);
   EXPECT_TRUE(
