@@ -32,7 +32,7 @@ void CheckTogether(const Parsed& parsed) {
 
 std::string Address(const Parsed& parsed) {
   if (!parsed.Has("port")) return link::SystemDevice(1);
-  const std::string address = parsed.Value("port");
+  std::string address = parsed.Value("port");
   if (address.empty()) throw WrongUse("--port needs a device, or tcp:HOST:PORT.");
   if (address.starts_with("tcp:") && !IsTcpAddress(address))
     throw WrongUse("--port is a device, or tcp:HOST:PORT with a port from 1 to 65535, not '" +

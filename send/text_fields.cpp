@@ -69,8 +69,7 @@ std::string EscapedText(const std::string& text, link::CodePage page) {
 
 // Direction and place of 41h, 42h and 4Ah, checked as the console does.
 printdata::PrintSetting Place(const Parsed& parsed) {
-  const printdata::PrintSetting setting{parsed.Value("direction"), parsed.Value("x"),
-                                        parsed.Value("y")};
+  printdata::PrintSetting setting{parsed.Value("direction"), parsed.Value("x"), parsed.Value("y")};
   using printdata::Axis;
   for (const auto& [axis, text] :
        {std::pair(Axis::kX, setting.x_coordinate), std::pair(Axis::kY, setting.y_coordinate)})

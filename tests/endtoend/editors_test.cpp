@@ -4,7 +4,6 @@
 #include "tests/support/current_dialogs.h"
 
 #include <QComboBox>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QTest>
 
@@ -16,23 +15,6 @@ class EditorsTest : public support::ConsoleTest {
   void Load() {
     support::ConsoleTest::Load();
     AnswerAll();
-  }
-  // Empties the box with the Delete key, the only one that takes digits away, and types.
-  static void Type(QDialog& form, const char* name, const char* text) {
-    auto* box = form.findChild<QLineEdit*>(name);
-    ASSERT_NE(box, nullptr) << name;
-    box->selectAll();
-    QTest::keyClick(box, Qt::Key_Delete);
-    QTest::keyClicks(box, text);
-  }
-  static void ClickDot(QDialog& form, const char* grid_name, int index) {
-    auto* grid = form.findChild<QWidget*>(grid_name);
-    ASSERT_NE(grid, nullptr);
-    QRect dot;
-    ASSERT_TRUE(
-        QMetaObject::invokeMethod(grid, "DotRect", Q_RETURN_ARG(QRect, dot), Q_ARG(int, index)));
-    ASSERT_FALSE(dot.isEmpty());
-    QTest::mouseClick(grid, Qt::LeftButton, {}, dot.center());
   }
 };
 

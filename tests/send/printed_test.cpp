@@ -31,7 +31,7 @@ class Printed : public SendProgram {
     ASSERT_EQ(Send({"51"}).status, 0);
   }
   QString Saved(const QImage& picture, const QString& name) {
-    const QString path = folder_.filePath(name);
+    QString path = folder_.filePath(name);
     EXPECT_TRUE(picture.save(path));
     return path;
   }

@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTest>
 #include <QTimer>
 
@@ -67,6 +68,24 @@ void ConsoleTest::Click(QDialog& form, const char* name) {
   auto* button = form.findChild<QAbstractButton*>(name);
   ASSERT_NE(button, nullptr) << name;
   QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void ConsoleTest::Type(QDialog& form, const char* name, const char* text) {
+  auto* box = form.findChild<QLineEdit*>(name);
+  ASSERT_NE(box, nullptr) << name;
+  box->selectAll();
+  QTest::keyClick(box, Qt::Key_Delete);
+  QTest::keyClicks(box, text);
+}
+
+void ConsoleTest::ClickDot(QDialog& form, const char* grid_name, int index) {
+  auto* grid = form.findChild<QWidget*>(grid_name);
+  ASSERT_NE(grid, nullptr) << grid_name;
+  QRect dot;
+  ASSERT_TRUE(
+      QMetaObject::invokeMethod(grid, "DotRect", Q_RETURN_ARG(QRect, dot), Q_ARG(int, index)));
+  ASSERT_FALSE(dot.isEmpty());
+  QTest::mouseClick(grid, Qt::LeftButton, {}, dot.center());
 }
 
 QPushButton* ConsoleTest::Button(const char* name) {

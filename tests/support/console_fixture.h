@@ -50,6 +50,10 @@ class ConsoleTest : public testing::Test {
 
   // Clicks a button or an option of an editing form with the mouse.
   static void Click(QDialog& form, const char* name);
+  // Empties a text box with the Delete key, the only one that takes digits away, and types.
+  static void Type(QDialog& form, const char* name, const char* text);
+  // Clicks a dot of a grid with the mouse.
+  static void ClickDot(QDialog& form, const char* grid_name, int index);
 
   QPushButton* Button(const char* name);
   // The text of a label or text box.
