@@ -63,7 +63,7 @@ class Printer {
       case 1:
         return model_.SetPacing(input.Byte() % 2 == 0);
       case 2:
-        return model_.SetConsoleSpeed(50 + 37 * input.Byte());
+        return model_.SetConsoleSpeed(kSlowest + 37 * input.Byte());
       case 3:
         return SetFault(input);
       case 4:
@@ -78,18 +78,18 @@ class Printer {
         return Pass(std::chrono::milliseconds(input.Byte() * 8));
       case 8:
       case 9:
-        return model_.Receive(input.Some(), now_);
+        return Receive(input.Some());
       default:
-        return model_.Receive(Frame(input.Some()), now_);
+        return Receive(Frame(input.Some()));
     }
   }
 
-  // Ends with a reset that must be answered.
+  // Ends with a reset that must be answered, once all that is on its way has arrived.
   bool UnderstandsAReset() {
     model_.ClearFaults();
     model_.SetPacing(false);
     model_.SetPower(true, now_);
-    Pass(protocol::kFrameSilence);
+    Pass(put_ * kSlowestByte + protocol::kFrameSilence);
     model_.Receive(link::BytesOf("025F035C"), now_);
     Pass(2s);
     constexpr std::ptrdiff_t kReplyBytes = 5;
@@ -100,6 +100,13 @@ class Printer {
   std::size_t Sent() const { return sent_; }
 
  private:
+  static constexpr int kSlowest = 50;                               // bit/s
+  static constexpr std::chrono::milliseconds kSlowestByte = 200ms;  // ten bits
+
+  void Receive(const link::Bytes& bytes) {
+    put_ += bytes.size();
+    model_.Receive(bytes, now_);
+  }
   // A frame whose block check is good, unless the content holds STX or ETX.
   static link::Bytes Frame(const link::Bytes& content) {
     if (content.empty()) return link::BytesOf("020303");
@@ -134,6 +141,7 @@ class Printer {
   protocol::Moment now_{0};
   link::Bytes last_;
   std::size_t sent_ = 0;
+  std::size_t put_ = 0;
 };
 
 }  // namespace
