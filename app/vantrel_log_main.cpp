@@ -1,5 +1,6 @@
 #include "app/log_table.h"
 #include "app/view_captures.h"
+#include "commandline/fault.h"
 #include "commandline/parse.h"
 #include "log/capture_commands.h"
 
@@ -9,6 +10,7 @@
 // Only view needs a display.
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+  vantrel::commandline::EndOnFaults("vantrel-log");
   const auto [parsed, end] =
       vantrel::commandline::Begin(vantrel::app::LogProgram(), argc, argv, std::cout, std::cerr);
   if (end) return *end;

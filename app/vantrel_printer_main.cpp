@@ -1,5 +1,6 @@
 #include "app/printer_options.h"
 #include "app/printer_table.h"
+#include "commandline/fault.h"
 #include "dialogs/program_start.h"
 #include "dialogs/window_file_chooser.h"
 #include "log/capture_file.h"
@@ -259,6 +260,7 @@ int Serve(const vantrel::app::PrinterOptions& options) {
 
 int main(int argc, char** argv) {
   vantrel::log::HoldStandardDescriptors();
+  vantrel::commandline::EndOnFaults("vantrel-printer");
   vantrel::printer::EndWatch::Block();
   // A reader that has gone and a file that may not grow are told by the call that meets them.
   std::signal(SIGPIPE, SIG_IGN);

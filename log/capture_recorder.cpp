@@ -21,16 +21,17 @@ CaptureRecorder::CaptureRecorder(LineRecorder& recorder, CaptureSink& sink, QObj
     : QObject(parent), recorder_(recorder), sink_(sink), next_(recorder.Log().First()) {
   soon_.setSingleShot(true);
   soon_.setInterval(kSoon);
-  connect(&soon_, &QTimer::timeout, this, [this] { WriteUntil(recorder_.Log().Settled()); });
+  connect(&soon_, &QTimer::timeout, this,
+          [this]() noexcept { WriteUntil(recorder_.Log().Settled()); });
   connect(&recorder_, &LineRecorder::Recorded, this, [this] {
     if (!soon_.isActive()) soon_.start();
   });
   connect(&recorder_, &LineRecorder::Clearing, this, [this] { WriteUntil(recorder_.Log().End()); });
-  connect(&reader_, &QTimer::timeout, this, [this] { sink_.Flush(); });
+  connect(&reader_, &QTimer::timeout, this, [this]() noexcept { sink_.Flush(); });
   sink_.Start(recorder_.Line());
   if (sink_.IsPipe()) reader_.start(kLookForReader);
   // Whoever made this object connects to it first.
-  QTimer::singleShot(0, this, &CaptureRecorder::TellProblem);
+  QTimer::singleShot(0, this, [this]() noexcept { TellProblem(); });
 }
 
 void CaptureRecorder::Finish() {

@@ -51,7 +51,7 @@ LineOutput::LineOutput(int descriptor, QObject* parent)
       gone_(!IsForWriting(descriptor_)),
       writable_(descriptor_, QSocketNotifier::Write) {
   writable_.setEnabled(false);
-  connect(&writable_, &QSocketNotifier::activated, this, [this] { Flush(); });
+  connect(&writable_, &QSocketNotifier::activated, this, [this]() noexcept { Flush(); });
 }
 
 LineOutput::~LineOutput() { writable_.setEnabled(false); }

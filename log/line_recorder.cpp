@@ -8,7 +8,7 @@ namespace vantrel::log {
 
 LineRecorder::LineRecorder(QObject* parent, LogBounds bounds) : QObject(parent), log_(bounds) {
   silence_.setSingleShot(true);
-  connect(&silence_, &QTimer::timeout, this, [this] {
+  connect(&silence_, &QTimer::timeout, this, [this]() noexcept {
     log_.Settle(WallNow());
     AwaitSilence();
     emit Recorded();

@@ -57,7 +57,7 @@ bool EntryHolds(const LogEntry& entry, const QString& text) {
 LogModel::LogModel(LineRecorder& recorder, QObject* parent)
     : QAbstractTableModel(parent), recorder_(recorder) {
   later_.setSingleShot(true);
-  connect(&later_, &QTimer::timeout, this, [this] {
+  connect(&later_, &QTimer::timeout, this, [this]() noexcept {
     if (TakePortion(kPortion)) later_.start(0);
   });
   connect(&recorder_, &LineRecorder::Recorded, this, [this] {

@@ -28,15 +28,16 @@ PlaybackServer::PlaybackServer(Playback& playback, std::unique_ptr<protocol::Lin
   playback_.OnSend([this](const link::Bytes& chunk) { Write(chunk); });
   playback_.OnUnexpected(
       [this](const std::string& words) { emit Unexpected(QString::fromStdString(words)); });
-  connect(&readable_, &QSocketNotifier::activated, this, &PlaybackServer::ReadLine);
+  connect(&readable_, &QSocketNotifier::activated, this, [this]() noexcept { ReadLine(); });
   due_.setSingleShot(true);
   due_.setTimerType(Qt::PreciseTimer);
-  connect(&due_, &QTimer::timeout, this, [this] {
+  connect(&due_, &QTimer::timeout, this, [this]() noexcept {
     playback_.Advance(Now());
     Schedule();
   });
   // A console that is killed cannot be seen to go, so its exclusive use is ended again and again.
-  connect(&exclusive_use_, &QTimer::timeout, this, [this] { line_->ClearExclusiveUse(); });
+  connect(&exclusive_use_, &QTimer::timeout, this,
+          [this]() noexcept { line_->ClearExclusiveUse(); });
   exclusive_use_.start(250ms);
 }
 

@@ -14,12 +14,15 @@ PassThrough::Listener ThroughServer::ListenerFor(LineRecorder& recorder) {
                                   static_cast<qsizetype>(bytes.size()));
             QMetaObject::invokeMethod(
                 &recorder,
-                [&recorder, direction, copy, when] { recorder.Record(direction, copy, when); },
+                [&recorder, direction, copy, when]() noexcept {
+                  recorder.Record(direction, copy, when);
+                },
                 Qt::QueuedConnection);
           },
           [this](const std::string& reason) {
             QMetaObject::invokeMethod(
-                this, [this, reason] { emit Ended(QString::fromLocal8Bit(reason.c_str())); },
+                this,
+                [this, reason]() noexcept { emit Ended(QString::fromLocal8Bit(reason.c_str())); },
                 Qt::QueuedConnection);
           }};
 }

@@ -34,7 +34,7 @@ EndWatch::EndWatch(QObject* parent)
     : QObject(parent),
       descriptor_(MakeDescriptor()),
       notifier_(descriptor_.Get(), QSocketNotifier::Read) {
-  connect(&notifier_, &QSocketNotifier::activated, this, [this] {
+  connect(&notifier_, &QSocketNotifier::activated, this, [this]() noexcept {
     notifier_.setEnabled(false);
     emit Asked();
   });

@@ -44,12 +44,12 @@ PrinterServer::PrinterServer(PrinterModel& model, LineMaker make_line, QObject* 
   });
   due_.setSingleShot(true);
   due_.setTimerType(Qt::PreciseTimer);
-  connect(&due_, &QTimer::timeout, this, [this] {
+  connect(&due_, &QTimer::timeout, this, [this]() noexcept {
     TellSpeed();
     model_.Advance(Now());
   });
   // A console that is killed cannot be seen to go, so its exclusive use is ended again and again.
-  connect(&exclusive_use_, &QTimer::timeout, this, [this] {
+  connect(&exclusive_use_, &QTimer::timeout, this, [this]() noexcept {
     if (line_) line_->ClearExclusiveUse();
   });
   exclusive_use_.start(250ms);
@@ -68,7 +68,7 @@ PrinterServer::~PrinterServer() {
 void PrinterServer::Open() {
   line_ = make_line_();
   readable_ = std::make_unique<QSocketNotifier>(line_->Descriptor(), QSocketNotifier::Read);
-  connect(readable_.get(), &QSocketNotifier::activated, this, [this] { ReadLine(); });
+  connect(readable_.get(), &QSocketNotifier::activated, this, [this]() noexcept { ReadLine(); });
 }
 
 bool PrinterServer::Unplug() {
