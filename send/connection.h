@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -29,7 +30,11 @@ using WaitFor = std::function<bool(int descriptor, short events, int millisecond
 // in it. Its settings are put back when the connection is destroyed. Throws link::PortError.
 std::unique_ptr<Connection> OpenSerial(const std::string& device, int speed);
 
-// Connects to "HOST:PORT", in five seconds at most. Throws link::PortError.
-std::unique_ptr<Connection> OpenTcp(const std::string& host_and_port, const WaitFor& wait_for);
+// How long a TCP connection may take to come about, the look-up of its name included.
+inline constexpr std::chrono::milliseconds kConnectLimit{5000};
+
+// Connects to "HOST:PORT" within the limit. Throws link::PortError.
+std::unique_ptr<Connection> OpenTcp(const std::string& host_and_port, const WaitFor& wait_for,
+                                    std::chrono::milliseconds limit = kConnectLimit);
 
 }  // namespace vantrel::send

@@ -22,8 +22,7 @@ namespace {
 
 using link::PortError;
 using link::UniqueDescriptor;
-
-constexpr std::chrono::milliseconds kConnectLimit{5000};
+using SteadyClock = std::chrono::steady_clock;
 
 class TcpConnection : public Connection {
  public:
@@ -82,8 +81,8 @@ class Lookup {
 
 class Connector {
  public:
-  Connector(std::string address, const WaitFor& wait_for)
-      : address_(std::move(address)), wait_for_(wait_for) {}
+  Connector(std::string address, const WaitFor& wait_for, std::chrono::milliseconds limit)
+      : address_(std::move(address)), wait_for_(wait_for), end_(SteadyClock::now() + limit) {}
 
   std::unique_ptr<Connection> Connect() {
     const std::size_t colon = address_.rfind(':');
@@ -102,8 +101,6 @@ class Connector {
   }
 
  private:
-  using SteadyClock = std::chrono::steady_clock;
-
   void Wait(int descriptor, short events) const {
     const auto left =
         std::chrono::duration_cast<std::chrono::milliseconds>(end_ - SteadyClock::now()).count();
@@ -132,13 +129,14 @@ class Connector {
 
   const std::string address_;
   const WaitFor& wait_for_;
-  const SteadyClock::time_point end_ = SteadyClock::now() + kConnectLimit;
+  const SteadyClock::time_point end_;
 };
 
 }  // namespace
 
-std::unique_ptr<Connection> OpenTcp(const std::string& host_and_port, const WaitFor& wait_for) {
-  return Connector(host_and_port, wait_for).Connect();
+std::unique_ptr<Connection> OpenTcp(const std::string& host_and_port, const WaitFor& wait_for,
+                                    std::chrono::milliseconds limit) {
+  return Connector(host_and_port, wait_for, limit).Connect();
 }
 
 }  // namespace vantrel::send

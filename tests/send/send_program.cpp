@@ -9,6 +9,11 @@ void SendProgram::Begin(const QStringList& options) {
   ASSERT_TRUE(device_.startsWith("/dev/"));
 }
 
+void SendProgram::BeginOnTcp(const QStringList& options) {
+  device_ = "tcp:" + QString::fromStdString(Serve(QStringList{"--script", "--tcp", "0"} + options));
+  ASSERT_GT(device_.size(), 10);
+}
+
 std::string SendProgram::Ask(const std::string& line) {
   program_.write((line + '\n').c_str());
   return ReadLine();

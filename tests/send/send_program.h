@@ -22,6 +22,8 @@ class SendProgram : public printer::PrinterProgram {
  protected:
   // Starts the printer with these options; `--instant` in most cases.
   void Begin(const QStringList& options = {"--instant"});
+  // The same, with the printer on a TCP port.
+  void BeginOnTcp(const QStringList& options = {"--instant"});
   // Sends a line to the printer's script and returns the answer.
   std::string Ask(const std::string& line);
 
