@@ -176,18 +176,20 @@ Start Begin(const Program& program, int argc, const char* const* argv, std::ostr
   const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
   try {
     Parsed parsed = Parse(program, arguments);
-    if (parsed.Has("help")) {
-      out << HelpText(program) << std::flush;
-      return {{}, 0};
-    }
-    if (parsed.Has("version")) {
-      out << program.name << ' ' << program.version << '\n' << std::flush;
-      return {{}, 0};
-    }
+    if (parsed.Has("help")) return {{}, TellText(program, HelpText(program), out, errors)};
+    if (parsed.Has("version"))
+      return {{}, TellText(program, program.name + ' ' + program.version + '\n', out, errors)};
     return {std::move(parsed), {}};
   } catch (const WrongUse& error) {
     return {{}, TellWrongUse(program, error.what(), errors)};
   }
+}
+
+int TellText(const Program& program, const std::string& text, std::ostream& out,
+             std::ostream& errors) {
+  if (out << text << std::flush) return 0;
+  errors << program.name << ": Standard output cannot be written.\n";
+  return kFailureStatus;
 }
 
 int TellWrongUse(const Program& program, const std::string& sentence, std::ostream& errors) {

@@ -13,6 +13,7 @@
 
 namespace vantrel::commandline {
 
+inline constexpr int kFailureStatus = 1;
 inline constexpr int kWrongUseStatus = 2;
 
 // The command line is not one that the table allows. what() is one sentence.
@@ -59,9 +60,14 @@ struct Start {
 };
 
 // Parses what main was given and answers what every program answers alike: --help and --version on
-// `out` with status 0, wrong use on `errors` with status 2.
+// `out` as TellText does, wrong use on `errors` with status 2.
 Start Begin(const Program& program, int argc, const char* const* argv, std::ostream& out,
             std::ostream& errors);
+
+// Writes a text that was asked for to `out`. Returns the status 0, or 1, with a sentence on
+// `errors`, where it cannot be written.
+int TellText(const Program& program, const std::string& text, std::ostream& out,
+             std::ostream& errors);
 
 // Writes "PROGRAM: sentence" with the hint at --help, one line; returns the status of wrong use.
 // Also for what the table cannot see.

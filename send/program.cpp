@@ -22,15 +22,17 @@ constexpr int kFailureStatus = 1;
 void Say(const std::string& sentence) { std::cerr << "vantrel-send: " << sentence << std::endl; }
 
 int TellHelp(const Parsed& parsed) {
+  const commandline::Program& program = SendTable();
+  std::string text;
   if (parsed.Parameters().empty()) {
-    std::cout << commandline::HelpText(SendTable());
+    text = commandline::HelpText(program);
   } else {
     const std::string& name = parsed.Parameters().front();
-    const commandline::Command* command = commandline::FindCommand(SendTable(), name);
+    const commandline::Command* command = commandline::FindCommand(program, name);
     if (command == nullptr) throw WrongUse("There is no command '" + name + "'.");
-    std::cout << commandline::HelpText(SendTable(), *command);
+    text = commandline::HelpText(program, *command);
   }
-  return std::cout.flush() ? 0 : kFailureStatus;
+  return commandline::TellText(program, text, std::cout, std::cerr);
 }
 
 // Everything that lives as long as the run, in the order in which it depends on each other.

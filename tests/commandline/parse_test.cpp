@@ -135,6 +135,15 @@ TEST_F(BeginTest, TellsTheVersion) {
   EXPECT_EQ(errors_.str(), "");
 }
 
+TEST_F(BeginTest, FailsWhereWhatWasAskedForCannotBeWritten) {
+  for (const char* option : {"--help", "--version"}) {
+    out_.setstate(std::ios::badbit);
+    errors_.str("");
+    EXPECT_EQ(EndOf({option}), 1) << option;
+    EXPECT_EQ(errors_.str(), "test-dispenser: Standard output cannot be written.\n");
+  }
+}
+
 TEST_F(BeginTest, HelpsEvenWhereACommandIsMissing) {
   EXPECT_EQ(EndOf({"--quiet", "--help", "--haste"}), 0);
   EXPECT_TRUE(out_.str().starts_with("Usage: test-dispenser [OPTIONS] COMMAND [PARAMETERS]\n"));
