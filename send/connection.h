@@ -15,9 +15,6 @@ class Connection {
   virtual int Descriptor() const = 0;
   // What is to be said when it ends of itself: "The device /dev/ttyS0 is gone."
   virtual std::string GoneInWords() const = 0;
-  // Empties what the system holds of one way.
-  virtual void DiscardInput() {}
-  virtual void DiscardOutput() {}
   // In bits a second; false where the line does not take it.
   virtual bool SetSpeed(int /*speed*/) { return true; }
 };

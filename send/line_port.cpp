@@ -79,16 +79,6 @@ void LinePort::Open() {
 
 link::Bytes LinePort::Input() { return std::exchange(input_, {}); }
 
-void LinePort::DiscardInput() {
-  input_.clear();
-  if (IsOpen()) connection_->DiscardInput();
-}
-
-void LinePort::DiscardOutput() {
-  output_.clear();
-  if (IsOpen()) connection_->DiscardOutput();
-}
-
 void LinePort::Output(const link::Bytes& bytes) {
   if (!IsOpen()) throw link::PortError("The line " + address_ + " is not open.");
   output_.insert(output_.end(), bytes.begin(), bytes.end());

@@ -33,8 +33,11 @@ class LinePort : public link::Port, public EventSource {
   void Open() override;
   void Close() override { connection_.reset(); }
   link::Bytes Input() override;
-  void DiscardInput() override;
-  void DiscardOutput() override;
+  // What has been read and not taken. The system is left what it holds of either way: the
+  // transaction discards at every receipt, and neither a reply that goes on nor a frame that is
+  // still going out may lose a byte by it.
+  void DiscardInput() override { input_.clear(); }
+  void DiscardOutput() override {}
   // What the system does not take at once goes out while the clock is waited on.
   void Output(const link::Bytes& bytes) override;
 

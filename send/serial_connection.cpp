@@ -57,8 +57,6 @@ class SerialConnection : public Connection {
 
   int Descriptor() const final { return descriptor_.Get(); }
   std::string GoneInWords() const override { return "The device " + device_ + " is gone."; }
-  void DiscardInput() override { tcflush(Descriptor(), TCIFLUSH); }
-  void DiscardOutput() override { tcflush(Descriptor(), TCOFLUSH); }
   bool SetSpeed(int speed) final { return protocol::SetLineSpeed(Descriptor(), speed); }
 
  private:

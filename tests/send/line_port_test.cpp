@@ -1,0 +1,85 @@
+// The line on a pseudo-terminal, heard as the transaction hears it.
+
+#include "send/line_port.h"
+
+#include "tests/support/test_terminal.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+namespace vantrel::send {
+namespace {
+
+class LinePortTest : public testing::Test, public link::PortListener {
+ protected:
+  LinePortTest() {
+    port_.SetListener(this);
+    port_.Open();
+  }
+  // Takes what has come and then empties the port both ways, as the transaction does.
+  void OnComm(int) override {
+    heard_ += link::HexTextOf(port_.Input());
+    if (meanwhile_) std::exchange(meanwhile_, {})();
+    port_.DiscardInput();
+    port_.DiscardOutput();
+  }
+  void OnLost(const link::PortError& error) override { lost_ = error.what(); }
+
+  support::TestTerminal terminal_;
+  PollClock clock_;
+  LinePort port_{terminal_.Device(), 9600, clock_};
+  std::string heard_;
+  std::string lost_;
+  std::function<void()> meanwhile_;  // once, after the bytes of a call have been taken
+};
+
+TEST_F(LinePortTest, LosesNoByteThatComesBeforeTheDiscard) {
+  meanwhile_ = [this] {
+    terminal_.Send("0258");
+    while (terminal_.Unread() < 2) continue;
+  };
+  terminal_.Send("06");
+  clock_.WaitForEvents();
+  while (heard_.size() < 6) clock_.WaitForEvents();
+  EXPECT_EQ(heard_, "060258");
+}
+
+TEST_F(LinePortTest, SendsAFrameWholeThoughAByteComesMeanwhile) {
+  // More than the system takes at once.
+  const link::Bytes frame(200'000, 0x41);
+  port_.Output(frame);
+  terminal_.Send("07");
+  while (heard_.empty()) clock_.WaitForEvents();
+  EXPECT_EQ(heard_, "07");
+  std::size_t received = 0;
+  while (received < frame.size()) {
+    const std::size_t more = terminal_.Received(1).size() / 2;
+    ASSERT_GT(more, 0U) << received;
+    received += more;
+    clock_.Yield();
+  }
+  EXPECT_EQ(received, frame.size());
+}
+
+TEST_F(LinePortTest, EmptiesWhatLiesUnreadWhenItIsOpened) {
+  port_.Close();
+  terminal_.Send("FF");
+  while (terminal_.Unread() < 1) continue;
+  port_.Open();
+  terminal_.Send("06");
+  clock_.WaitForEvents();
+  EXPECT_EQ(heard_, "06");
+}
+
+TEST_F(LinePortTest, TellsTheEndOfTheDeviceAndIsClosed) {
+  terminal_.Vanish();
+  while (lost_.empty()) clock_.WaitForEvents();
+  EXPECT_EQ(lost_, "The device " + terminal_.Device() + " is gone.");
+  EXPECT_FALSE(port_.IsOpen());
+  EXPECT_THROW(port_.Output({0x02}), link::PortError);
+}
+
+}  // namespace
+}  // namespace vantrel::send
