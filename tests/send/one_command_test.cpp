@@ -7,6 +7,8 @@
 
 #include <termios.h>
 
+#include <csignal>
+
 namespace vantrel::send {
 namespace {
 
@@ -104,12 +106,55 @@ TEST_F(OneCommand, EndsWith3WhenTheTimeIsUp) {
   }
 }
 
+TEST_F(OneCommand, TellsEveryStatusInTheConsolesWords) {
+  struct Case {
+    const char* status;
+    const char* meaning;
+    int end = 1;
+  };
+  Begin();
+  for (const Case& one :
+       {Case{"20", "20h: Normal Status", 0}, Case{"22", "22h: No targeted Card"},
+        Case{"23", "23h: No magnetic stripe or other error"}, Case{"31", "31h: Parity Error"},
+        Case{"32", "32h: No Start code or End code"}, Case{"33", "33h: LRC Error"},
+        Case{"34", "34h: Erroneous character"}, Case{"37", "37h: Magnetic Stripe writing error"},
+        Case{"38", "38h: Card jam"}, Case{"40", "40h: Cover open"},
+        Case{"41", "41h: Invalid command"}, Case{"42", "42h: CAM motor error"},
+        Case{"43", "43h: Erase head temperature error"}, Case{"45", "45h: EEPROM error"},
+        Case{"4C", "4Ch: Non-Compatible BMP file data"},
+        Case{"51", "51h: Expansion buffer overflow error"}, Case{"7F", "Unknown response"}}) {
+    EXPECT_EQ(StatusWith(std::string("status ") + one.status), one.end);
+    EXPECT_EQ(Member("outcome"), "reply") << one.status;
+    EXPECT_EQ(Member("status"), one.status);
+    EXPECT_EQ(Member("meaning"), one.meaning);
+  }
+}
+
+TEST_F(OneCommand, TellsWhatWasReceivedWhenTheTimeIsUp) {
+  Begin();
+  EXPECT_EQ(StatusWith("drop 3"), 3);
+  EXPECT_EQ(Member("received"), "06 02 20 56 41 4E 54 52 45 4C 20 31 2E 30 31 03 13");
+  EXPECT_EQ(StatusWith("extra 41FF"), 3);
+  EXPECT_EQ(Member("received"), "06 02 58 20 56 41 4E 54 52 45 4C 20 31 2E 30 31 03 13 41 FF");
+  EXPECT_EQ(StatusWith("late 60000"), 3);
+  EXPECT_EQ(Member("received"), "06");
+  EXPECT_EQ(Member("outcome"), "time-up");
+}
+
+TEST_F(OneCommand, BearsAReplyByteByByte) {
+  Begin();
+  EXPECT_EQ(StatusWith("split 1"), 0);
+  EXPECT_EQ(Member("received"), "06 02 58 20 56 41 4E 54 52 45 4C 20 31 2E 30 31 03 13");
+}
+
 TEST_F(OneCommand, EndsWith4WhenItIsRejected) {
   Begin();
   EXPECT_EQ(StatusWith("reject"), 4);
   EXPECT_EQ(Member("outcome"), "reject");
   EXPECT_EQ(Member("received"), "10");
   EXPECT_EQ(Member("meaning"), "&H10: Reject Response");
+  EXPECT_EQ(StatusWith("random 1 100 reject"), 4);
+  EXPECT_EQ(Member("outcome"), "reject");
 }
 
 TEST_F(OneCommand, EndsWith4ForAnUnknownControlCharacter) {
@@ -119,6 +164,9 @@ TEST_F(OneCommand, EndsWith4ForAnUnknownControlCharacter) {
   EXPECT_EQ(Member("meaning"), "Unknown Control Character code: 41");
   EXPECT_EQ(StatusWith("noise FF00"), 4);
   EXPECT_EQ(Member("outcome"), "unknown");
+  EXPECT_EQ(StatusWith("drop 1"), 4);
+  EXPECT_EQ(Member("outcome"), "unknown");
+  EXPECT_EQ(Member("received"), "02 58 20 56 41 4E 54 52 45 4C 20 31 2E 30 31 03 13");
 }
 
 TEST_F(OneCommand, EndsWith5WhenTheDeviceGoes) {
@@ -200,22 +248,85 @@ TEST_F(OneCommand, KeepsThePortToItself) {
   EXPECT_EQ(Send({"58", "--quiet"}).out, "VANTREL 1.01\n");
 }
 
+// The device's settings as another program has left them, to be found again.
+class LeftSettings {
+ public:
+  explicit LeftSettings(const QString& device) : user_(device.toStdString()) {
+    EXPECT_EQ(tcgetattr(user_.Descriptor(), &before_), 0);
+    before_.c_cc[VMIN] = 7;
+    cfsetspeed(&before_, B4800);
+    EXPECT_EQ(tcsetattr(user_.Descriptor(), TCSANOW, &before_), 0);
+  }
+  void ExpectThem() const {
+    termios after{};
+    ASSERT_EQ(tcgetattr(user_.Descriptor(), &after), 0);
+    EXPECT_EQ(after.c_cc[VMIN], 7);
+    EXPECT_EQ(cfgetospeed(&after), speed_t{B4800});
+    EXPECT_EQ(after.c_cflag, before_.c_cflag);
+    EXPECT_EQ(after.c_iflag, before_.c_iflag);
+    EXPECT_EQ(after.c_lflag, before_.c_lflag);
+  }
+  speed_t Speed() const {
+    termios now{};
+    EXPECT_EQ(tcgetattr(user_.Descriptor(), &now), 0);
+    return cfgetospeed(&now);
+  }
+
+ private:
+  const support::DeviceUser user_;
+  termios before_{};
+};
+
 TEST_F(OneCommand, PutsThePortsSettingsBack) {
   Begin();
-  const support::DeviceUser user(device_.toStdString());
-  termios before{};
-  ASSERT_EQ(tcgetattr(user.Descriptor(), &before), 0);
-  before.c_cc[VMIN] = 7;
-  cfsetspeed(&before, B4800);
-  ASSERT_EQ(tcsetattr(user.Descriptor(), TCSANOW, &before), 0);
+  const LeftSettings settings(device_);
   EXPECT_EQ(Send({"58", "--speed", "19200"}).status, 0);
-  termios after{};
-  ASSERT_EQ(tcgetattr(user.Descriptor(), &after), 0);
-  EXPECT_EQ(after.c_cc[VMIN], 7);
-  EXPECT_EQ(cfgetospeed(&after), speed_t{B4800});
-  EXPECT_EQ(after.c_cflag, before.c_cflag);
-  EXPECT_EQ(after.c_iflag, before.c_iflag);
-  EXPECT_EQ(after.c_lflag, before.c_lflag);
+  settings.ExpectThem();
+}
+
+TEST_F(OneCommand, PutsThePortsSettingsBackAfterASignal) {
+  Begin();
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const LeftSettings settings(device_);
+    ASSERT_EQ(Ask("fault silence"), "ok");
+    auto process = StartSending({"58", "--speed", "19200"});
+    ASSERT_TRUE(Ask("wait frame 58").starts_with("ok "));
+    EXPECT_EQ(settings.Speed(), speed_t{B19200});
+    kill(static_cast<pid_t>(process->processId()), signal);
+    EXPECT_EQ(EndOf(*process).status, 130);
+    settings.ExpectThem();
+  }
+}
+
+TEST_F(OneCommand, PutsThePortsSettingsBackAfterATimeUpAndARejection) {
+  Begin();
+  const LeftSettings settings(device_);
+  EXPECT_EQ(StatusWith("silence"), 3);
+  EXPECT_EQ(StatusWith("reject"), 4);
+  settings.ExpectThem();
+}
+
+TEST_F(OneCommand, PutsThePortsSettingsBackWhenStandardOutputIsClosed) {
+  Begin();
+  const LeftSettings settings(device_);
+  QProcess shell;
+  shell.start("sh",
+              {"-c", QString(VANTREL_SEND_PROGRAM) + " --port " + device_ + " 58 >/dev/full"});
+  const Ended ended = EndOf(shell);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.errors,
+            "vantrel-send: Standard output cannot be written: No space left on device.\n");
+  settings.ExpectThem();
+}
+
+TEST_F(OneCommand, TakesOptionsAnywhereBeforeTwoDashes) {
+  const QByteArray frame = "02 41 32 2C 35 2C 34 37 2C 48 69 03 4B\n";  // "2,5,47,Hi"
+  EXPECT_EQ(SendTo({"--dry-run", "--x", "5", "41", "Hi"}).out, frame);
+  EXPECT_EQ(SendTo({"41", "Hi", "--x=005", "--dry-run"}).out, frame);
+  EXPECT_EQ(SendTo({"--x=5", "41", "--dry-run", "--", "Hi"}).out, frame);
+  // "2,0,47,--x"
+  EXPECT_EQ(SendTo({"--dry-run", "41", "--", "--x"}).out,
+            "02 41 32 2C 30 2C 34 37 2C 2D 2D 78 03 17\n");
 }
 
 TEST_F(OneCommand, TalksAtTheSpeedThatItIsTold) {
@@ -263,6 +374,16 @@ TEST_F(OneCommand, TellsItsHelp) {
   EXPECT_TRUE(command.startsWith("Usage: vantrel-send 4E [OPTIONS] DATA\n"))
       << command.toStdString();
   EXPECT_TRUE(command.contains("--bottom DOTS"));
+}
+
+TEST_F(OneCommand, SaysWhenItsHelpCannotBeWritten) {
+  for (const char* words : {"help", "help 41", "--help", "--version"}) {
+    QProcess shell;
+    shell.start("sh", {"-c", QString(VANTREL_SEND_PROGRAM) + " " + words + " >/dev/full"});
+    const Ended ended = EndOf(shell);
+    EXPECT_EQ(ended.status, 1) << words;
+    EXPECT_EQ(ended.errors, "vantrel-send: Standard output cannot be written.\n") << words;
+  }
 }
 
 TEST_F(OneCommand, EndsWith1WhenStandardOutputIsClosed) {
