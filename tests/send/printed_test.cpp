@@ -173,11 +173,14 @@ TEST_F(Printed, TwoHundredCardsComeOfACsvFile) {
 class Unreadable : public SendProgram {
  protected:
   // The refusal of a file as a picture; nothing is sent, since there is no device.
+  // The sentence, without the hint at the help that follows every one.
   static std::string Refusal(const QString& path) {
     const Ended ended = SendTo({"--port", "/dev/no-such-device", "4D", "--picture", path});
     EXPECT_EQ(ended.status, 2);
     EXPECT_EQ(ended.out, "");
-    return ended.errors.split('\n').first().toStdString();
+    const QByteArray hint = " Try 'vantrel-send --help'.\n";
+    EXPECT_TRUE(ended.errors.endsWith(hint)) << ended.errors.toStdString();
+    return ended.errors.chopped(hint.size()).toStdString();
   }
 };
 

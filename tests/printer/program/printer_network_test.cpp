@@ -22,10 +22,14 @@ class NetworkProgram : public PrinterProgram {
   static std::uint16_t PortOf(const std::string& address) {
     return protocol::ParseTcpAddress(address, "").port;
   }
+  // The sentence, without the hint at the help that follows every one.
   std::string Refusal(const QStringList& options) {
     Start(QStringList{"--headless"} + options);
     EXPECT_EQ(End(), 2);
-    return program_.readAllStandardError().split('\n').first().toStdString();
+    const QByteArray errors = program_.readAllStandardError();
+    const QByteArray hint = " Try 'vantrel-printer --help'.\n";
+    EXPECT_TRUE(errors.endsWith(hint)) << errors.toStdString();
+    return errors.chopped(hint.size()).toStdString();
   }
 };
 
