@@ -93,7 +93,7 @@ class Search {
 }  // namespace
 
 Alignment Align(std::span<const std::uint32_t> a, std::span<const std::uint32_t> b,
-                std::size_t most_apart) {
+                std::size_t most_apart, Rest rest) {
   std::size_t same = 0;
   const std::size_t shorter = std::min(a.size(), b.size());
   while (same < shorter && a[same] == b[same]) ++same;
@@ -112,8 +112,8 @@ Alignment Align(std::span<const std::uint32_t> a, std::span<const std::uint32_t>
         search.Run(static_cast<Index>(std::min(most_apart, rest_a.size() + rest_b.size())));
     for (const Alignment::Run& run : search.Runs())
       alignment.runs.push_back({run.a + same, run.b + same, run.length});
-    if (!whole) {
-      alignment.went_in_step = true;
+    alignment.gave_up = !whole;
+    if (!whole && rest == Rest::kInStep) {
       const std::size_t left =
           std::min(rest_a.size() - search.EndInA(), rest_b.size() - search.EndInB());
       if (left > 0)

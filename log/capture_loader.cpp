@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 
 #include <chrono>
+#include <cstddef>
 #include <exception>
 #include <memory>
 #include <stdexcept>
@@ -19,8 +20,8 @@ using namespace std::chrono_literals;
 
 // Rows that the event loop takes at once: few enough to hold up no event, many enough to be quick.
 constexpr std::size_t kPortion = 10000;
-// Portions that may wait for the event loop.
-constexpr int kMostHanded = 4;
+// What may wait for the event loop.
+constexpr std::size_t kMostPosted = 4;
 constexpr auto kLookInterval = 200ms;
 
 struct stat StatusOf(const std::string& path) {
@@ -41,7 +42,12 @@ QStringList RemarksOf(const CaptureFile& file) {
 }  // namespace
 
 CaptureLoader::CaptureLoader(std::string path, QObject* parent)
-    : QObject(parent), path_(std::move(path)), thread_([this] { Run(); }) {}
+    : QObject(parent), path_(std::move(path)) {
+  // Posted events would run in one turn of the loop, all that there are.
+  next_.setSingleShot(true);
+  connect(&next_, &QTimer::timeout, this, [this]() noexcept { TellNext(); });
+  thread_ = std::thread([this] { Run(); });
+}
 
 CaptureLoader::~CaptureLoader() {
   {
@@ -60,11 +66,11 @@ void CaptureLoader::Run() {
       throw std::runtime_error(path_ + " is no regular file.");
     while (!IsStopped()) {
       ReadFile();
-      if (!IsStopped()) QMetaObject::invokeMethod(this, [this] { emit Restarted(); });
+      Post([this] { emit Restarted(); });
     }
   } catch (const std::exception& error) {
     const QString reason = QString::fromLocal8Bit(error.what());
-    QMetaObject::invokeMethod(this, [this, reason] { emit Failed(reason); });
+    Post([this, reason] { emit Failed(reason); });
   }
 }
 
@@ -93,8 +99,7 @@ void CaptureLoader::ReadFile() {
     if (has_grown) Hand(rows, file.Position(), file.Size());
     rows.clear();
     if (!at_end) continue;
-    if (has_grown || first)
-      QMetaObject::invokeMethod(this, [this, remarks] { emit CaughtUp(remarks); });
+    if (has_grown || first) Post([this, remarks] { emit CaughtUp(remarks); });
     first = false;
     const struct stat now = StatusOf(path_);
     const bool is_other =
@@ -105,22 +110,36 @@ void CaptureLoader::ReadFile() {
 }
 
 void CaptureLoader::Hand(std::vector<LogEntry>& rows, std::uint64_t position, std::uint64_t size) {
-  {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return stopped_ || handed_ < kMostHanded; });
-    if (stopped_) return;
-    ++handed_;
-  }
   auto portion = std::make_shared<std::vector<LogEntry>>(std::move(rows));
-  QMetaObject::invokeMethod(this, [this, portion, position, size] {
-    {
-      const std::lock_guard lock(mutex_);
-      --handed_;
-    }
-    changed_.notify_all();
+  Post([this, portion, position, size] {
     if (!portion->empty()) emit Loaded(*portion);
     emit Progressed(position, size);
   });
+}
+
+void CaptureLoader::Post(std::function<void()> tell) {
+  {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return stopped_ || posted_.size() < kMostPosted; });
+    if (stopped_) return;
+    posted_.push_back(std::move(tell));
+  }
+  QMetaObject::invokeMethod(this, [this] {
+    if (!next_.isActive()) next_.start(0);
+  });
+}
+
+void CaptureLoader::TellNext() {
+  std::function<void()> tell;
+  {
+    const std::lock_guard lock(mutex_);
+    if (posted_.empty()) return;
+    tell = std::move(posted_.front());
+    posted_.pop_front();
+    if (!posted_.empty()) next_.start(0);
+  }
+  changed_.notify_all();
+  tell();
 }
 
 bool CaptureLoader::Pause() {

@@ -4,9 +4,12 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QTimer>
 
 #include <condition_variable>
 #include <cstdint>
+#include <deque>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -45,6 +48,11 @@ class CaptureLoader : public QObject {
   // Reads one file until another takes its place or the end is asked for.
   void ReadFile();
   void Hand(std::vector<LogEntry>& rows, std::uint64_t position, std::uint64_t size);
+  // Has something told from the event loop, after all that was before. Waits for it to take some of
+  // that where there is much. Nothing is told any more once the end was asked for.
+  void Post(std::function<void()> tell);
+  // Tells the first of what was posted. Other events run before the next.
+  void TellNext();
   // False when the end was asked for meanwhile.
   bool Pause();
   bool IsStopped();
@@ -53,7 +61,8 @@ class CaptureLoader : public QObject {
   std::mutex mutex_;
   std::condition_variable changed_;
   bool stopped_ = false;
-  int handed_ = 0;  // portions that the event loop has not taken yet
+  std::deque<std::function<void()>> posted_;
+  QTimer next_;
   std::thread thread_;
 };
 

@@ -10,8 +10,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Long enough for a comment to come after its row.
-constexpr auto kSoon = 30ms;
 constexpr auto kLookForReader = 20ms;
 constexpr auto kPatience = 250ms;
 
@@ -20,7 +18,7 @@ constexpr auto kPatience = 250ms;
 CaptureRecorder::CaptureRecorder(LineRecorder& recorder, CaptureSink& sink, QObject* parent)
     : QObject(parent), recorder_(recorder), sink_(sink), next_(recorder.Log().First()) {
   soon_.setSingleShot(true);
-  soon_.setInterval(kSoon);
+  soon_.setInterval(kDelay);
   connect(&soon_, &QTimer::timeout, this,
           [this]() noexcept { WriteUntil(recorder_.Log().Settled()); });
   connect(&recorder_, &LineRecorder::Recorded, this, [this] {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <chrono>
 #include <cstddef>
 
 namespace vantrel::log {
@@ -13,11 +14,14 @@ namespace vantrel::log {
 class LineRecorder;
 
 // Writes a recorder's log to a capture as it grows: a row that is complete, with no open one before
-// it, within 100 ms.
+// it, within kDelay.
 class CaptureRecorder : public QObject {
   Q_OBJECT
 
  public:
+  // So that a busy line has many rows written at once.
+  static constexpr std::chrono::milliseconds kDelay{30};
+
   // Begins the capture with the recorder's line. Both must outlive this object.
   CaptureRecorder(LineRecorder& recorder, CaptureSink& sink, QObject* parent = nullptr);
 

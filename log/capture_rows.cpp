@@ -1,8 +1,5 @@
 #include "log/capture_rows.h"
 
-#include "protocol/control.h"
-#include "protocol/frame.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -12,10 +9,6 @@ namespace vantrel::log {
 namespace {
 
 constexpr auto kToPrinter = protocol::Direction::kFromConsole;
-
-bool IsFrameToPrinter(const LogEntry& row) {
-  return row.direction == kToPrinter && IsWholeFrame(row);
-}
 
 }  // namespace
 
@@ -36,13 +29,10 @@ void CaptureRows::Append(std::vector<LogEntry> rows) {
 }
 
 void CaptureRows::Add(LogEntry row) {
-  const bool is_frame = IsFrameToPrinter(row);
-  const bool begins = is_frame && !IsSentAgain(row);
-  if (begins) {
+  if (exchange_starts_.Add(row)) {
     starts_.push_back(rows_.size());
     unanswered_.push_back(true);
     times_.push_back(0);
-    asked_again_ = false;
   } else if (starts_.empty()) {
     times_.push_back(0);
   } else {
@@ -51,19 +41,9 @@ void CaptureRows::Add(LogEntry row) {
       const LogEntry& first = rows_[starts_.back()];
       times_[starts_.back()] = (row.time - first.time).count();
       unanswered_.back() = false;
-      asked_again_ = row.bytes.size() == 1 && row.bytes[0] == char{protocol::kResend};
     }
   }
-  if (is_frame) last_frame_ = rows_.size();
   rows_.push_back(std::move(row));
-}
-
-bool CaptureRows::IsSentAgain(const LogEntry& row) const {
-  if (starts_.empty() || !asked_again_) return false;
-  // What was spoilt on the line is sent again as it was meant, so only the good ones must agree.
-  const LogEntry& before = rows_[last_frame_];
-  const bool was_spoilt = !protocol::PartsOf(BytesOf(before)).CheckIsGood();
-  return was_spoilt || before.bytes == row.bytes;
 }
 
 RowTime CaptureRows::TimeOf(std::size_t row) const {

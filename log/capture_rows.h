@@ -1,5 +1,6 @@
 #pragma once
 
+#include "log/exchange_starts.h"
 #include "log/line_log.h"
 
 #include <chrono>
@@ -31,9 +32,8 @@ struct RowTime {
 // "+2.310 s wait" for others; empty for none.
 std::string TimeInWords(const RowTime& time);
 
-// The rows of a capture and the exchanges that they belong to. An exchange begins with each whole
-// frame to the printer, but for one that is sent again because the printer asked for it with 15h,
-// and goes on until the next; rows before the first belong to none.
+// The rows of a capture and the exchanges that they belong to, which begin where ExchangeStarts
+// tells; rows before the first belong to none.
 class CaptureRows {
  public:
   // Adds rows behind those that are there.
@@ -49,14 +49,12 @@ class CaptureRows {
 
  private:
   void Add(LogEntry row);
-  bool IsSentAgain(const LogEntry& row) const;
 
   std::deque<LogEntry> rows_;
   // For each row the microseconds that TimeOf tells.
   std::deque<std::int64_t> times_;
+  ExchangeStarts exchange_starts_;
   std::vector<std::size_t> starts_;
-  std::size_t last_frame_ = 0;   // the row of the latest frame to the printer
-  bool asked_again_ = false;     // whether the latest it said is 15h
   std::deque<bool> unanswered_;  // by exchange
 };
 

@@ -1,21 +1,18 @@
 #include "log/comparison.h"
 
 #include "link/frame.h"
-#include "log/alignment.h"
+#include "log/command_alignment.h"
 #include "log/json_object.h"
 #include "log/line_log.h"
 #include "protocol/frame_words.h"
 
 #include <array>
-#include <unordered_map>
 #include <utility>
 
 namespace vantrel::log {
 namespace {
 
 using Field = FieldDifference::Field;
-
-constexpr std::size_t kMostApart = 1500;
 
 std::string_view NameOf(Field field) {
   constexpr std::array<std::string_view, 7> kNames{"exchange", "command",   "data", "controls",
@@ -60,60 +57,28 @@ class Comparison {
   bool Run() {
     if (a_.empty() || b_.empty()) return true;
     Pair(0, 0);
-    const std::vector<std::uint32_t> keys_a = KeysOf(a_);
-    const std::vector<std::uint32_t> keys_b = KeysOf(b_);
-    Alignment alignment = Align(keys_a, keys_b, kMostApart);
-    in_step_ = alignment.went_in_step;
-    alignment.runs.push_back({keys_a.size(), keys_b.size(), 0});
-    std::size_t a = 0;
-    std::size_t b = 0;
-    // The keys begin with exchange 1.
+    Alignment alignment = AlignCommands(CommandsOf(a_), CommandsOf(b_));
+    alignment.runs.push_back({a_.size() - 1, b_.size() - 1, 0});
+    std::size_t a = 1;
+    std::size_t b = 1;
+    // The commands begin with exchange 1.
     for (const Alignment::Run& run : alignment.runs) {
-      Gap(a + 1, run.a + 1, b + 1, run.b + 1);
-      for (std::size_t i = 0; i < run.length; ++i) Pair(run.a + 1 + i, run.b + 1 + i);
-      a = run.a + run.length;
-      b = run.b + run.length;
-    }
-    return !in_step_;
-  }
-
- private:
-  // A number for each command with its data, the same where they are.
-  std::vector<std::uint32_t> KeysOf(const std::vector<Exchange>& exchanges) {
-    std::vector<std::uint32_t> keys;
-    keys.reserve(exchanges.size() - 1);
-    for (std::size_t i = 1; i < exchanges.size(); ++i) {
-      const Exchange& exchange = exchanges[i];
-      const std::string key = CodeOf(exchange).value_or("") + exchange.data;
-      keys.push_back(
-          numbers_.try_emplace(key, static_cast<std::uint32_t>(numbers_.size())).first->second);
-    }
-    return keys;
-  }
-
-  static std::vector<std::uint32_t> CodesOf(const std::vector<Exchange>& exchanges,
-                                            std::size_t begin, std::size_t end) {
-    std::vector<std::uint32_t> codes;
-    for (; begin < end; ++begin)
-      codes.push_back(exchanges[begin].code.value_or(0) + (exchanges[begin].code ? 1U : 0U));
-    return codes;
-  }
-
-  // Exchanges that nothing was found for by command and data.
-  void Gap(std::size_t a, std::size_t end_a, std::size_t b, std::size_t end_b) {
-    if (a == end_a && b == end_b) return;
-    Alignment alignment = Align(CodesOf(a_, a, end_a), CodesOf(b_, b, end_b), kMostApart);
-    in_step_ = in_step_ || alignment.went_in_step;
-    alignment.runs.push_back({end_a - a, end_b - b, 0});
-    const std::size_t first_a = a;
-    const std::size_t first_b = b;
-    for (const Alignment::Run& run : alignment.runs) {
-      for (; a < first_a + run.a; ++a)
+      for (; a < run.a + 1; ++a)
         Tell(a, a_[a].code, Field::kExchange, CodeOf(a_[a]).value_or(""), {});
-      for (; b < first_b + run.b; ++b)
+      for (; b < run.b + 1; ++b)
         Tell(a, b_[b].code, Field::kExchange, {}, CodeOf(b_[b]).value_or(""));
       for (std::size_t i = 0; i < run.length; ++i) Pair(a++, b++);
     }
+    return !alignment.gave_up;
+  }
+
+ private:
+  static std::vector<CommandKey> CommandsOf(const std::vector<Exchange>& exchanges) {
+    std::vector<CommandKey> commands;
+    commands.reserve(exchanges.size() - 1);
+    for (std::size_t i = 1; i < exchanges.size(); ++i)
+      commands.push_back({exchanges[i].code, exchanges[i].data});
+    return commands;
   }
 
   void Pair(std::size_t number, std::size_t other) {
@@ -140,8 +105,6 @@ class Comparison {
   const std::vector<Exchange>& a_;
   const std::vector<Exchange>& b_;
   const std::function<void(const FieldDifference&)>& tell_;
-  std::unordered_map<std::string, std::uint32_t> numbers_;
-  bool in_step_ = false;
 };
 
 }  // namespace

@@ -12,41 +12,42 @@ std::string TextOf(std::span<const std::uint8_t> bytes) { return {bytes.begin(),
 void ExchangeReader::Add(const LogEntry& row) {
   const bool to_printer = row.direction == protocol::Direction::kFromConsole;
   const protocol::GroupKind kind = protocol::KindOf(row.direction, BytesOf(row));
-  if (to_printer && IsWholeFrame(row)) {
-    AddCommand(row);
+  const bool before_was_spoilt = starts_.WasSpoilt();
+  const bool begins = starts_.Add(row);
+  if (begins) {
+    exchanges_.emplace_back();
+    SetCommand(row);
+  } else if (to_printer && IsWholeFrame(row)) {
+    exchanges_.back().has_bad_check |= starts_.WasSpoilt();
+    if (before_was_spoilt && !starts_.WasSpoilt()) SetCommand(row);
   } else if (!to_printer && kind == protocol::GroupKind::kFrame) {
     AddReply(row);
   } else if (kind == protocol::GroupKind::kControl) {
     Exchange& exchange = exchanges_.back();
-    const auto control = static_cast<std::uint8_t>(row.bytes.front());
     exchange.controls += row.bytes;
-    resend_is_asked_ = control == protocol::kResend;
     // A command that was rejected gets no reply.
-    if (control == protocol::kReject && exchange.code) {
-      auto& waiting = waiting_[*exchange.code];
-      if (!waiting.empty() && waiting.back() + 1 == exchanges_.size()) waiting.pop_back();
-    }
+    if (row.bytes.front() == char{protocol::kReject}) ForgetLatest();
   }
 }
 
-void ExchangeReader::AddCommand(const LogEntry& row) {
+void ExchangeReader::SetCommand(const LogEntry& row) {
   const protocol::FrameParts parts = protocol::PartsOf(BytesOf(row));
-  const std::optional<std::uint8_t> code =
-      parts.content.empty() ? std::optional<std::uint8_t>() : parts.content.front();
-  const bool is_bad = !parts.CheckIsGood();
-  Exchange& last = exchanges_.back();
-  const bool is_resend = resend_is_asked_ && exchanges_.size() > 1 &&
-                         (last.code == code || last.has_bad_check || is_bad);
-  resend_is_asked_ = false;
-  if (is_resend) {
-    last.has_bad_check = last.has_bad_check || is_bad;
-    return;
-  }
-  Exchange& exchange = exchanges_.emplace_back();
-  exchange.code = code;
-  if (!parts.content.empty()) exchange.data = TextOf(parts.content.subspan(1));
-  exchange.has_bad_check = is_bad;
-  if (code) waiting_[*code].push_back(static_cast<std::uint32_t>(exchanges_.size() - 1));
+  Exchange& exchange = exchanges_.back();
+  ForgetLatest();
+  exchange.code.reset();
+  exchange.data.clear();
+  exchange.has_bad_check |= !parts.CheckIsGood();
+  if (parts.content.empty()) return;
+  exchange.code = parts.content.front();
+  exchange.data = TextOf(parts.content.subspan(1));
+  waiting_[*exchange.code].push_back(static_cast<std::uint32_t>(exchanges_.size() - 1));
+}
+
+void ExchangeReader::ForgetLatest() {
+  const Exchange& exchange = exchanges_.back();
+  if (!exchange.code) return;
+  auto& waiting = waiting_[*exchange.code];
+  if (!waiting.empty() && waiting.back() + 1 == exchanges_.size()) waiting.pop_back();
 }
 
 void ExchangeReader::AddReply(const LogEntry& row) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "log/exchange_starts.h"
 #include "log/line_log.h"
 
 #include <cstddef>
@@ -23,9 +24,9 @@ struct Exchange {
   friend bool operator==(const Exchange&, const Exchange&) = default;
 };
 
-// Puts rows together to exchanges. The first holds what came before the first whole frame to the
-// printer; each such frame begins another, unless it is sent again after 15h. A reply that echoes
-// an earlier command that still waits for one belongs to that.
+// Puts rows together to exchanges, which begin where ExchangeStarts tells; the first holds what
+// came before. A command that was spoilt on the line is what it was meant to be when it is sent
+// again. A reply that echoes an earlier command that still waits for one belongs to that.
 class ExchangeReader {
  public:
   ExchangeReader() : exchanges_(1), waiting_(256) {}
@@ -34,13 +35,16 @@ class ExchangeReader {
   std::vector<Exchange> Take() { return std::move(exchanges_); }
 
  private:
-  void AddCommand(const LogEntry& row);
+  // Makes a frame the command of the latest exchange.
+  void SetCommand(const LogEntry& row);
+  // The latest command waits for a reply no more.
+  void ForgetLatest();
   void AddReply(const LogEntry& row);
 
   std::vector<Exchange> exchanges_;
   // By code: the numbers of the exchanges that wait for a reply.
   std::vector<std::vector<std::uint32_t>> waiting_;
-  bool resend_is_asked_ = false;
+  ExchangeStarts starts_;
 };
 
 }  // namespace vantrel::log

@@ -91,7 +91,9 @@ FrmView::FrmView(const QStringList& paths, QWidget* parent) : QWidget(parent) {
 
 FrmView::~FrmView() {
   for (const auto& side : sides_) side->loader.reset();
-  if (aligner_.joinable()) aligner_.join();
+  for (std::thread* thread : {&aligner_, &disposer_}) {
+    if (thread->joinable()) thread->join();
+  }
 }
 
 QPushButton* FrmView::MakeButton(const char* name, const QString& caption, const QString& tip) {
@@ -246,8 +248,10 @@ void FrmView::Open(std::size_t number, const QString& path) {
 void FrmView::Clear(Side& side) {
   // The thread that aligns reads the rows.
   if (aligner_.joinable()) aligner_.join();
-  side.rows.Clear();
+  if (disposer_.joinable()) disposer_.join();
+  disposer_ = std::thread([rows = std::exchange(side.rows, {}), held = std::move(side.held)] {});
   side.held.clear();
+  went_in_step_ = false;
   side.remarks.clear();
   side.has_caught_up = false;
   model_->Restart();
@@ -271,17 +275,21 @@ void FrmView::Align() {
   if (aligner_.joinable()) aligner_.join();
   aligning_ = true;
   aligner_ = std::thread([this, left = &sides_[0]->rows, right = &sides_[1]->rows] {
-    auto lines = std::make_shared<std::vector<AlignedLine>>(AlignRows(*left, *right));
-    QMetaObject::invokeMethod(this, [this, lines] { TakeLines(std::move(*lines)); });
+    auto aligned = std::make_shared<AlignedRows>(AlignRows(*left, *right));
+    QMetaObject::invokeMethod(this, [this, aligned] { TakeLines(std::move(*aligned)); });
   });
 }
 
-void FrmView::TakeLines(std::vector<AlignedLine> lines) {
+void FrmView::TakeLines(AlignedRows aligned) {
   if (aligner_.joinable()) aligner_.join();
   aligning_ = false;
   const bool is_of_now = std::all_of(sides_.begin(), sides_.end(),
                                      [](const auto& side) { return side->has_caught_up; });
-  if (is_of_now) model_->SetLines(std::move(lines));
+  if (is_of_now) {
+    went_in_step_ = aligned.went_in_step;
+    model_->SetLines(std::move(aligned.lines));
+    ShowState();
+  }
   for (const auto& side : sides_) {
     for (auto& rows : std::exchange(side->held, {})) {
       side->rows.Append(std::move(rows));
@@ -300,6 +308,8 @@ void FrmView::ShowState() {
     const std::size_t differences = model_->Differences();
     parts += differences == 1 ? tr("1 line differs") : tr("%L1 lines differ").arg(differences);
   }
+  if (went_in_step_)
+    parts += tr("The captures differ so much that part of them stands exchange by exchange.");
   for (const auto& side : sides_) parts += side->remarks;
   LblView->setText(parts.join(" \u00B7 "));
   LblView->setToolTip(parts.join('\n'));

@@ -65,7 +65,7 @@ class FrmView : public QWidget {
   void Clear(Side& side);
   // Finds, on a thread of its own, which rows belong together.
   void Align();
-  void TakeLines(std::vector<AlignedLine> lines);
+  void TakeLines(AlignedRows aligned);
   void ShowState();
   void ShowProgress();
   void GoTo(int row);
@@ -79,8 +79,10 @@ class FrmView : public QWidget {
   std::vector<std::unique_ptr<Side>> sides_;
   ViewModel* model_ = nullptr;
   std::thread aligner_;
+  std::thread disposer_;  // frees rows that are shown no more
   bool aligning_ = false;
   bool wants_alignment_ = false;
+  bool went_in_step_ = false;
   QTimer align_later_;
   QElapsedTimer reading_since_;
   QTimer seek_later_;

@@ -45,6 +45,27 @@ QString ColumnText(const LogEntry& entry, int column) {
   }
 }
 
+QString ColumnName(int column) {
+  switch (column) {
+    case LogModel::kTime:
+      return LogModel::tr("Time");
+    case LogModel::kDirection:
+      return LogModel::tr("Direction");
+    case LogModel::kHex:
+      return LogModel::tr("Hex");
+    case LogModel::kCharacters:
+      return LogModel::tr("Characters");
+    default:
+      return LogModel::tr("Meaning");
+  }
+}
+
+QVariant HeaderData(Qt::Orientation orientation, int role, const std::function<QString()>& name) {
+  if (orientation != Qt::Horizontal) return {};
+  if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+  return role == Qt::DisplayRole ? QVariant(name()) : QVariant();
+}
+
 bool EntryHolds(const LogEntry& entry, const QString& text) {
   const auto holds = [&text](const std::string& column) {
     return QString::fromLatin1(column.data(), static_cast<qsizetype>(column.size()))
@@ -107,21 +128,7 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal)
-    return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
-  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
-  switch (section) {
-    case kTime:
-      return tr("Time");
-    case kDirection:
-      return tr("Direction");
-    case kHex:
-      return tr("Hex");
-    case kCharacters:
-      return tr("Characters");
-    default:
-      return tr("Meaning");
-  }
+  return HeaderData(orientation, role, [section] { return ColumnName(section); });
 }
 
 bool LogModel::Matches(const LogEntry& entry) const {

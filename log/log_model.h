@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <optional>
 
 namespace vantrel::log {
@@ -61,6 +62,9 @@ class LogModel : public QAbstractTableModel {
 
 // The text of a column of an entry, as the table shows it.
 QString ColumnText(const LogEntry& entry, int column);
+QString ColumnName(int column);
+// What a table tells of a column of this name.
+QVariant HeaderData(Qt::Orientation orientation, int role, const std::function<QString()>& name);
 // Whether a column of an entry holds the text, whatever its case.
 bool EntryHolds(const LogEntry& entry, const QString& text);
 

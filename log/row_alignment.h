@@ -21,8 +21,16 @@ struct AlignedLine {
   friend bool operator==(const AlignedLine&, const AlignedLine&) = default;
 };
 
-// Every row of two captures, in their order, those that belong together in one line. Bytes that are
-// neither frame nor control character are no difference.
-std::vector<AlignedLine> AlignRows(const CaptureRows& left, const CaptureRows& right);
+struct AlignedRows {
+  std::vector<AlignedLine> lines;
+  // Whether the captures differ so much that part of them was put side by side exchange by
+  // exchange.
+  bool went_in_step = false;
+};
+
+// Every row of two captures, in their order, those that belong together in one line: exchanges as
+// they are compared, and in an exchange one row after the other. Bytes that are neither frame nor
+// control character are no difference.
+AlignedRows AlignRows(const CaptureRows& left, const CaptureRows& right);
 
 }  // namespace vantrel::log

@@ -92,7 +92,16 @@ void ViewModel::Restart() {
 }
 
 void ViewModel::SetLines(std::vector<AlignedLine> lines) {
-  beginResetModel();
+  // Many lines are shown anew by a reset only in a time that is felt.
+  const auto before = static_cast<int>(lines_.size());
+  const auto after = static_cast<int>(lines.size());
+  const bool shows_all = text_.isEmpty();
+  if (!shows_all)
+    beginResetModel();
+  else if (after > before)
+    beginInsertRows({}, before, after - 1);
+  else if (after < before)
+    beginRemoveRows({}, after, before - 1);
   lines_ = std::move(lines);
   for (std::size_t side = 0; side < SideCount(); ++side) placed_.at(side) = Rows(side)->Size();
   aligned_ = true;
@@ -101,8 +110,16 @@ void ViewModel::SetLines(std::vector<AlignedLine> lines) {
                     [](const AlignedLine& line) { return line.difference != Difference::kNone; }));
   matches_.clear();
   looked_ = 0;
-  endResetModel();
-  if (!text_.isEmpty()) later_.start();
+  if (!shows_all)
+    endResetModel();
+  else if (after > before)
+    endInsertRows();
+  else if (after < before)
+    endRemoveRows();
+  if (shows_all && after > 0)
+    emit dataChanged(index(0, 0), index(after - 1, columnCount() - 1));
+  else if (!shows_all)
+    later_.start();
 }
 
 void ViewModel::SetText(const QString& text) {
@@ -217,25 +234,11 @@ QVariant ViewModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ViewModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (role == Qt::TextAlignmentRole && orientation == Qt::Horizontal)
-    return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
-  if (role != Qt::DisplayRole || orientation != Qt::Horizontal) return {};
-  const Cell cell = CellOf(section);
-  if (!cell.side) return tr("Difference");
-  switch (cell.column) {
-    case kTime:
-      return tr("Time");
-    case kDirection:
-      return tr("Direction");
-    case kTook:
-      return tr("Took");
-    case kHex:
-      return tr("Hex");
-    case kCharacters:
-      return tr("Characters");
-    default:
-      return tr("Meaning");
-  }
+  return HeaderData(orientation, role, [this, section] {
+    const Cell cell = CellOf(section);
+    if (!cell.side) return tr("Difference");
+    return cell.column == kTook ? tr("Took") : ColumnName(LogColumnOf(cell.column));
+  });
 }
 
 }  // namespace vantrel::log

@@ -82,9 +82,9 @@ TEST(CaptureRows, KeepsAFrameThatIsSentAgainInItsExchange) {
 
 TEST(AlignRows, PutsTheSameRowsBesideEachOther) {
   const CaptureRows rows = RowsOf({To(0ms, k21), From(1ms, "\x06"), From(2ms, kReply21)});
-  EXPECT_THAT(AlignRows(rows, rows),
+  EXPECT_THAT(AlignRows(rows, rows).lines,
               ElementsAre(AlignedLine{0, 0}, AlignedLine{1, 1}, AlignedLine{2, 2}));
-  EXPECT_THAT(AlignRows(RowsOf({}), RowsOf({})), IsEmpty());
+  EXPECT_THAT(AlignRows(RowsOf({}), RowsOf({})).lines, IsEmpty());
 }
 
 TEST(AlignRows, TellsWhatDiffersAndWhatIsMissing) {
@@ -93,7 +93,7 @@ TEST(AlignRows, TellsWhatDiffersAndWhatIsMissing) {
   const CaptureRows right = RowsOf({To(0ms, k21), From(1ms, "\x06"), From(2ms, kOther21),
                                     From(3ms, kReply21), To(5ms, k23), To(6ms, k21)});
   EXPECT_THAT(
-      AlignRows(left, right),
+      AlignRows(left, right).lines,
       ElementsAre(AlignedLine{0, 0}, AlignedLine{1, 1}, AlignedLine{2, 2, Difference::kDiffers},
                   AlignedLine{kNone, 3, Difference::kOnlyRight},
                   AlignedLine{3, kNone, Difference::kOnlyLeft},
@@ -104,14 +104,14 @@ TEST(AlignRows, TellsWhatDiffersAndWhatIsMissing) {
 TEST(AlignRows, PutsOtherDataOfACommandBesideEachOther) {
   const CaptureRows left = RowsOf({To(0ms, "\x02\x46\x30\x03\x75"), To(1ms, k21)});
   const CaptureRows right = RowsOf({To(0ms, "\x02\x46\x31\x03\x74"), To(1ms, k21)});
-  EXPECT_THAT(AlignRows(left, right),
+  EXPECT_THAT(AlignRows(left, right).lines,
               ElementsAre(AlignedLine{0, 0, Difference::kDiffers}, AlignedLine{1, 1}));
 }
 
 TEST(AlignRows, TakesNoiseForNoDifference) {
   const CaptureRows left = RowsOf({To(0ms, k21), From(1ms, "xyz"), From(2ms, "\x06")});
   const CaptureRows right = RowsOf({To(0ms, k21), From(1ms, "\x06")});
-  EXPECT_THAT(AlignRows(left, right),
+  EXPECT_THAT(AlignRows(left, right).lines,
               ElementsAre(AlignedLine{0, 0}, AlignedLine{1, kNone}, AlignedLine{2, 1}));
 }
 
@@ -122,7 +122,7 @@ TEST(AlignRows, HoldsEveryRowOfWhollyDifferentCapturesOnce) {
     a.push_back(To(std::chrono::milliseconds(i), k21));
     b.push_back(To(std::chrono::milliseconds(i), i % 3 == 0 ? k22 : k23));
   }
-  const std::vector<AlignedLine> lines = AlignRows(RowsOf(a), RowsOf(b));
+  const std::vector<AlignedLine> lines = AlignRows(RowsOf(a), RowsOf(b)).lines;
   std::size_t left = 0;
   std::size_t right = 0;
   for (const AlignedLine& line : lines) {

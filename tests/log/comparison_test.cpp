@@ -103,11 +103,39 @@ TEST(Comparison, GoesOnInStepWhereTooMuchDiffers) {
   std::vector<Exchange> b(1);
   for (int i = 0; i < 20000; ++i) {
     a.push_back({0x41, "a" + std::to_string(i), {}, {}, {}, false});
-    b.push_back({0x41, "b" + std::to_string(i), {}, {}, {}, false});
+    b.push_back({0x42, "b" + std::to_string(i), {}, {}, {}, false});
   }
   std::size_t told = 0;
   EXPECT_FALSE(Compare(a, b, [&told](const FieldDifference&) { ++told; }));
-  EXPECT_GE(told, 18000U);
+  // Command and data of each, or two that stand alone.
+  EXPECT_EQ(told, 40000U);
+}
+
+TEST(Comparison, FindsWhatIsMissingByCodeWhereAllDataDiffer) {
+  std::vector<Exchange> a(1);
+  std::vector<Exchange> b(1);
+  for (int i = 0; i < 20000; ++i) {
+    const std::uint8_t code = i % 7 == 0 ? 0x21 : 0x41;
+    a.push_back({code, "a" + std::to_string(i), {}, {}, {}, false});
+    if (i != 10000) b.push_back({code, "b" + std::to_string(i), {}, {}, {}, false});
+  }
+  std::size_t missing = 0;
+  EXPECT_TRUE(Compare(a, b, [&missing](const FieldDifference& difference) {
+    if (difference.field == FieldDifference::Field::kExchange) ++missing;
+  }));
+  EXPECT_EQ(missing, 1U);
+}
+
+TEST(Comparison, TellsTheFieldsOfACommandThatWasSpoiltOnceAsItWasMeant) {
+  // 5Ah with "1" came as 5Bh, was asked for again and came well.
+  EXPECT_THAT(
+      DifferencesOf({"> 025A310368", "< 06"}, {"> 025B310368", "< 15", "> 025A310368", "< 06"}),
+      ElementsAre("exchange 1, 5Ah: controls 15h 06h instead of 06h",
+                  "exchange 1, 5Ah: check bad instead of good"));
+  // Another command after a 15h is no resend.
+  EXPECT_THAT(DifferencesOf({"> 025A310368", "< 15", "> 025A310368"},
+                            {"> 025A310368", "< 15", "> 025A32036B"}),
+              ElementsAre("exchange 2, 5Ah: only in B"));
 }
 
 }  // namespace

@@ -1,15 +1,13 @@
 #include "log/file_saver.h"
 
 #include "tests/support/file_folder.h"
+#include "tests/support/file_limits.h"
 
 #include <gtest/gtest.h>
 
-#include <sys/fsuid.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <ostream>
 #include <string>
 
@@ -19,38 +17,6 @@ namespace {
 class FileSaverTest : public testing::Test {
  protected:
   support::FileFolder folder_;
-};
-
-// Lets no file of this process grow past `bytes`, as a full disk would not.
-class SizeLimit {
- public:
-  explicit SizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &found_);
-    const rlimit limit{bytes, found_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~SizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &found_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  SizeLimit(const SizeLimit&) = delete;
-  SizeLimit& operator=(const SizeLimit&) = delete;
-
- private:
-  rlimit found_{};
-  void (*handler_)(int) = std::signal(SIGXFSZ, SIG_IGN);
-};
-
-// Lets this thread reach files as another user does, where it is the superuser.
-class OtherUser {
- public:
-  OtherUser() : found_(setfsuid(geteuid() == 0 ? 65534U : geteuid())) {}
-  ~OtherUser() { setfsuid(static_cast<uid_t>(found_)); }
-  OtherUser(const OtherUser&) = delete;
-  OtherUser& operator=(const OtherUser&) = delete;
-
- private:
-  int found_;
 };
 
 TEST_F(FileSaverTest, MakesAFileWithTheModeOfTheUsersMask) {
@@ -142,7 +108,7 @@ TEST_F(FileSaverTest, LeavesWhatWasThereWhereTheFolderIsReadOnly) {
   ASSERT_EQ(chmod(folder_.Path("kept").c_str(), 0666), 0);
   ASSERT_EQ(chmod(folder_.Path("").c_str(), 0555), 0);
   {
-    const OtherUser other;
+    const support::OtherUser other;
     EXPECT_EQ(ReplaceFile(folder_.Path("kept"), "new"),
               folder_.Path("kept") + " was not saved: Permission denied.");
   }
@@ -155,7 +121,7 @@ TEST_F(FileSaverTest, RefusesAFileThatMayNotBeWrittenInAFolderThatMay) {
   ASSERT_EQ(chmod(folder_.Path("kept").c_str(), 0444), 0);
   ASSERT_EQ(chmod(folder_.Path("").c_str(), 0777), 0);
   {
-    const OtherUser other;
+    const support::OtherUser other;
     EXPECT_EQ(ReplaceFile(folder_.Path("kept"), "new"),
               folder_.Path("kept") + " was not saved: Permission denied.");
   }
@@ -165,7 +131,7 @@ TEST_F(FileSaverTest, RefusesAFileThatMayNotBeWrittenInAFolderThatMay) {
 TEST_F(FileSaverTest, LeavesWhatWasThereWhereThereIsNoRoom) {
   folder_.Make("kept", "old");
   {
-    const SizeLimit limit(100000);
+    const support::SizeLimit limit(100000);
     EXPECT_EQ(ReplaceFile(folder_.Path("kept"), std::string(200000, 'x')),
               folder_.Path("kept") + " was not saved: File too large.");
   }
