@@ -20,10 +20,11 @@ def main(path, options):
             sys.exit(f"{words}: {answer.get('meaning', answer.get('error', answer['outcome']))}")
 
     with open(path, newline="", encoding="utf-8") as file:
-        for number, name in csv.reader(file):
+        for number, name in filter(None, csv.reader(file)):
             send("53")  # waits for a card
             send("40")
-            send("41", "--direction", "3", "--x", "24", "--y", "60", "--", name.replace("\\", "\\\\"))
+            text = name.replace("\\", "\\\\").replace("\n", "\\n")
+            send("41", "--direction", "3", "--x", "24", "--y", "60", "--", text)
             send("4E", "--set", "C", "--top", "200", "--bottom", "260", number)
             send("46", "1")
             print(f"{number} {name}", flush=True)

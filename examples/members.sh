@@ -4,8 +4,11 @@
 set -u
 file=${1:?which CSV file?}
 shift
-while IFS=, read -r number name; do
-  # 53 waits for a card; 46 1 prints it and hands it out.
-  printf '%s\n' 53 40 "41 --direction 3 --x 24 --y 60 -- '${name//\'/\'\\\'\'}'" \
-    "4E --set C --top 200 --bottom 260 '$number'" '46 1'
+quoted() { printf "'%s'" "${1//\'/\'\\\'\'}"; }
+while IFS=, read -r number name || [ -n "$number" ]; do
+  [ -n "$number" ] || continue
+  name=${name%$'\r'}
+  # 53 waits for a card; 46 1 prints it and hands it out. A backslash begins an escape in 41.
+  printf '%s\n' 53 40 "41 --direction 3 --x 24 --y 60 -- $(quoted "${name//\\/\\\\}")" \
+    "4E --set C --top 200 --bottom 260 $(quoted "$number")" '46 1'
 done <"$file" | vantrel-send "$@" -

@@ -65,16 +65,12 @@ class Session {
   // What has been done so far is reported, however the run ends.
   template <typename Work>
   int Guarded(Work work) {
+    Run run(settings_, means_, port_, sender_, interrupts_, output_, report_.get());
     int status = kFailureStatus;
     try {
-      Run run(settings_, means_, port_, sender_, interrupts_, output_, report_.get());
       status = work(run);
-    } catch (const OutputClosed& error) {
-      Say(error.what());
-    } catch (const ReportError& error) {
-      Say(error.what());
-    } catch (const InputError& error) {
-      Say(error.what());
+    } catch (const std::exception& error) {
+      run.TellEnd(error.what());
     }
     port_.Close();
     try {

@@ -43,8 +43,13 @@ class JsonReport : public Report {
  public:
   JsonReport(std::string path, bool continues) : path_(std::move(path)) {
     const int mode = continues ? O_APPEND : O_TRUNC;
-    file_.Reset(open(path_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | mode, 0666));
+    file_.Reset(open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | mode, 0666));
     if (!file_.IsOpen()) throw CannotWrite(path_, errno);
+    // A line that was cut, by a full disk say, stays a line of its own.
+    const off_t size = lseek(file_.Get(), 0, SEEK_END);
+    char last = '\n';
+    if (size > 0 && pread(file_.Get(), &last, 1, size - 1) == 1 && last != '\n')
+      WriteAll(file_.Get(), "\n", path_);
   }
   void Add(const Exchange& exchange) override {
     WriteAll(file_.Get(), Told(exchange, Format::kJson), path_);

@@ -88,6 +88,7 @@ int Run::DoEachLine(LineInput& input) {
   while (const std::optional<std::string> line = input.Next()) {
     const Place place{input.Number(), std::nullopt};
     if (input.Number() < settings_.from) continue;
+    Enter(place);
     if (interrupts_.Count() > 0) return Stop(Step::kInterrupted, place);
     bool is_refused = false;
     const std::optional<Job> job = Read(*line, place, is_refused);
@@ -129,18 +130,31 @@ std::optional<std::vector<Run::Entry>> Run::ReadList(LineInput& input) {
   return entries;
 }
 
+void Run::Enter(const Place& place) {
+  place_ = place;
+  is_done_ = false;
+}
+
+bool Run::IsBefore(const Entry& entry) const { return entry.line && *entry.line < settings_.from; }
+
 int Run::DoRounds(const std::vector<Entry>& entries) {
   std::optional<long> total;
   if (settings_.rounds) {
     long frames = 0;
-    for (const Entry& entry : entries) frames += static_cast<long>(entry.job.frames.size());
-    total = frames * *settings_.rounds;
+    long skipped = 0;  // in the first round
+    for (const Entry& entry : entries) {
+      const auto count = static_cast<long>(entry.job.frames.size());
+      frames += count;
+      if (IsBefore(entry)) skipped += count;
+    }
+    total = frames * *settings_.rounds - skipped;
   }
   progress_.emplace(total);
   for (long round = 1; !settings_.rounds || round <= *settings_.rounds; ++round) {
     for (const Entry& entry : entries) {
-      if (round == 1 && entry.line && *entry.line < settings_.from) continue;
+      if (round == 1 && IsBefore(entry)) continue;
       const Place place{entry.line, round};
+      Enter(place);
       const Step step = interrupts_.Count() > 0 ? Step::kInterrupted : Carry(entry.job, place);
       if (step == Step::kSuccess) continue;
       TellSummary();
@@ -196,6 +210,7 @@ Run::Step Run::Carry(const Job& job, const Place& place) {
       if (!sender_.HasSent()) return Step::kInterrupted;
       if (MayWait(job.code)) FreePrinter();
     }
+    is_done_ = exchange.is_success && &frame == &job.frames.back();
     Tell(exchange);
     if (exchange.outcome == Outcome::kCancelled) return Step::kInterrupted;
     if (exchange.outcome == Outcome::kFailed) {
@@ -229,12 +244,23 @@ void Run::Tell(const Exchange& exchange) {
   if (progress_) progress_->Show(tally_);
 }
 
+void Run::TellEnd(const std::string& sentence) {
+  Say(sentence);
+  // What is done is not done again because it could not be told.
+  if (settings_.IsMany()) TellPlace(place_, is_done_ && !settings_.HasRounds());
+}
+
+void Run::TellPlace(const Place& place, bool is_done) {
+  const std::string words = InWords(place);
+  if (words.empty()) return;
+  std::string sentence = "Stopped at " + words;
+  if (place.line)
+    sentence += "; go on with --from " + std::to_string(*place.line + (is_done ? 1 : 0));
+  Say(sentence + ".");
+}
+
 int Run::Stop(Step step, const Place& place) {
-  if (settings_.IsMany()) {
-    std::string sentence = "Stopped at " + InWords(place);
-    if (place.line) sentence += "; go on with --from " + std::to_string(*place.line);
-    Say(sentence + ".");
-  }
+  if (settings_.IsMany()) TellPlace(place, false);
   if (step == Step::kPortFailed) return kPortStatus;
   return step == Step::kInterrupted ? kSignalStatus : kFailureStatus;
 }

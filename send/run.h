@@ -31,6 +31,9 @@ class Run {
   int Do(const Job& job);
   // The commands of standard input.
   int DoLines(LineInput& input);
+  // Tells why the run has ended where one of these has thrown, and where many commands have
+  // stopped.
+  void TellEnd(const std::string& sentence);
 
  private:
   // A line of standard input with the command that it is.
@@ -40,6 +43,8 @@ class Run {
   };
   enum class Step { kSuccess, kFailure, kPortFailed, kInterrupted };
 
+  // Whether the first round leaves it out.
+  bool IsBefore(const Entry& entry) const;
   int DoOnce(const Job& job);
   int DoRounds(const std::vector<Entry>& entries);
   int DoEachLine(LineInput& input);
@@ -55,6 +60,10 @@ class Run {
   void Tell(const Exchange& exchange);
   // Ends the printer's waits for a card and for its removal.
   void FreePrinter();
+  // Many commands have come to this place.
+  void Enter(const Place& place);
+  // Tells where many commands have stopped; `is_done` when that one need not be done again.
+  void TellPlace(const Place& place, bool is_done);
   // Tells where a run has stopped and returns its status.
   int Stop(Step step, const Place& place);
   void Say(const std::string& sentence);
@@ -70,6 +79,8 @@ class Run {
   Tally tally_;
   std::optional<Progress> progress_;
   Outcome last_outcome_ = Outcome::kReply;
+  Place place_;
+  bool is_done_ = false;  // the command at that place
 };
 
 }  // namespace vantrel::send

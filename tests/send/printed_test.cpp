@@ -98,7 +98,10 @@ TEST_F(Printed, ABarcodeIsReadBack) {
   };
   for (const Case& one :
        {Case{{"4E", "AB-12"}, "AB-12"}, Case{{"4E", "--set", "C", "123456"}, "123456"},
-        Case{{"4E", "--type", "itf", "12345670"}, "12345670"}}) {
+        Case{{"4E", "--type", "itf", "12345670"}, "12345670"},
+        Case{{"4E", "--type", "code39", "0123-$/+%."}, "0123-$/+%."},
+        Case{{"4E", "--type", "codabar", "--start", "B", "--stop", "D", "01-$:/.+9"},
+             "B01-$:/.+9D"}}) {
     TakeCard();
     ASSERT_EQ(Send(one.words).status, 0);
     EXPECT_EQ(Barcode(Print(), folder_.filePath("code.png")), QString(one.text));
@@ -139,35 +142,101 @@ TEST_F(Printed, TextIsThere) {
   EXPECT_GT(black, 20);
 }
 
-TEST_F(Printed, TwoHundredCardsComeOfACsvFile) {
-  Begin();
-  QFile file(folder_.filePath("members.csv"));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  for (int i = 0; i < 200; ++i)
-    file.write(QString("%1,Member %2\n").arg(100000 + i).arg(i).toUtf8());
-  file.close();
-  QProcess example;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert("PATH",
-                     QFileInfo(VANTREL_SEND_PROGRAM).path() + ":" + environment.value("PATH"));
-  example.setProcessEnvironment(environment);
-  example.start(VANTREL_EXAMPLES "/members.py", {file.fileName(), "--port", device_});
-  for (int i = 0; i < 200; ++i) {
-    ASSERT_TRUE(Comes("53")) << i;
-    if (i > 0) {
-      ASSERT_EQ(Ask("pull"), "ok");
-    }
-    ASSERT_EQ(Ask("insert"), "ok");
-    ASSERT_TRUE(Comes("46")) << i;
+class Examples : public Printed {
+ protected:
+  // Starts an example with the built vantrel-send in its path.
+  void StartExample(const QString& name, const QStringList& arguments) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("PATH",
+                       QFileInfo(VANTREL_SEND_PROGRAM).path() + ":" + environment.value("PATH"));
+    example_.setProcessEnvironment(environment);
+    example_.setWorkingDirectory(folder_.path());
+    example_.start(VANTREL_EXAMPLES "/" + name, arguments);
   }
-  const Ended ended = EndOf(example);
-  EXPECT_EQ(ended.status, 0) << ended.errors.toStdString();
+  // Prints the cards of so many members in one run; every card is handed in and taken out.
+  Ended PrintCards(int count, const QString& example, const QStringList& options) {
+    Begin();
+    QFile file(folder_.filePath("members.csv"));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    for (int i = 0; i < count; ++i)
+      file.write(QString("%1,Member %2\n").arg(100000 + i).arg(i).toUtf8());
+    file.close();
+    StartExample(example, QStringList{file.fileName(), "--port", device_} + options);
+    for (int i = 0; i < count && !testing::Test::HasFailure(); ++i) {
+      EXPECT_TRUE(Comes("53")) << i;
+      if (i > 0) {
+        EXPECT_EQ(Ask("pull"), "ok");
+      }
+      EXPECT_EQ(Ask("insert"), "ok");
+      EXPECT_TRUE(Comes("46")) << i;
+    }
+    const Ended ended = EndOf(example_);
+    EXPECT_EQ(ended.status, 0) << ended.errors.toStdString();
+    EXPECT_TRUE(QString::fromStdString(Ask("state")).endsWith(QString("prints %1").arg(count)));
+    const QString path = folder_.filePath("face.png");
+    EXPECT_EQ(Ask("face " + path.toStdString()), "ok");
+    EXPECT_EQ(Barcode(QImage(path), folder_.filePath("code.png")), QString::number(99999 + count));
+    return ended;
+  }
+
+  QProcess example_;
+};
+
+TEST_F(Examples, PrintTwoHundredCardsOfACsvFileInPython) {
+  const Ended ended = PrintCards(200, "members.py", {});
   EXPECT_EQ(ended.out.count('\n'), 200);
   EXPECT_TRUE(ended.out.endsWith("100199 Member 199\n"));
-  EXPECT_TRUE(QString::fromStdString(Ask("state")).endsWith("prints 200"));
-  const QString path = folder_.filePath("face.png");
-  EXPECT_EQ(Ask("face " + path.toStdString()), "ok");
-  EXPECT_EQ(Barcode(QImage(path), folder_.filePath("code.png")), "100199");
+}
+
+TEST_F(Examples, PrintCardsOfACsvFileInAShell) {
+  const Ended ended = PrintCards(20, "members.sh", {"--quiet"});
+  // Five commands a card, none of which has data.
+  EXPECT_EQ(ended.out, QByteArray(100, '\n'));
+}
+
+TEST_F(Examples, BearWhatNamesAndFilesHave) {
+  QFile file(folder_.filePath("members.csv"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("1234,Pat O'Brien \\o/\r\n\n5678,last");
+  file.close();
+  StartExample("members.sh", {file.fileName(), "--dry-run"});
+  const Ended ended = EndOf(example_);
+  EXPECT_EQ(ended.status, 0) << ended.errors.toStdString();
+  const auto frames = ended.out.split('\n');
+  ASSERT_EQ(frames.size(), 11) << ended.out.toStdString();
+  // "3,24,60,Pat O'Brien \o/" and "3,24,60,last"
+  EXPECT_EQ(frames[2],
+            "02 41 33 2C 32 34 2C 36 30 2C 50 61 74 20 4F 27 42 72 69 65 6E 20 5C 6F 2F 03 3E");
+  EXPECT_EQ(frames[7], "02 41 33 2C 32 34 2C 36 30 2C 6C 61 73 74 03 57");
+}
+
+TEST_F(Examples, StopAtTheFirstFailure) {
+  Begin({"--instant", "--card"});
+  QFile file(folder_.filePath("members.csv"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("1234,A\n5678,B\n");
+  file.close();
+  ASSERT_EQ(Ask("fault status 51 on 41"), "ok");
+  StartExample("members.py", {file.fileName(), "--port", device_});
+  const Ended ended = EndOf(example_);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(ended.out, "");
+  EXPECT_TRUE(ended.errors.contains("51h: Expansion buffer overflow error"))
+      << ended.errors.toStdString();
+}
+
+TEST_F(Examples, BurnInUntilAFailure) {
+  Begin({"--instant", "--card"});
+  ASSERT_EQ(Ask("fault status 38 after 15 on 46"), "ok");
+  StartExample("burn-in.sh", {"--port", device_});
+  const Ended ended = EndOf(example_);
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_TRUE(ended.errors.contains("Stopped at line 6, round 15; go on with --from 6."))
+      << ended.errors.toStdString();
+  EXPECT_TRUE(ended.out.contains("38h: Card jam")) << ended.out.toStdString();
+  QFile report(folder_.filePath("burn-in.json"));
+  ASSERT_TRUE(report.open(QIODevice::ReadOnly));
+  EXPECT_EQ(Objects(report.readAll()).size(), 90U);
 }
 
 class Unreadable : public SendProgram {
