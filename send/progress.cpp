@@ -1,5 +1,6 @@
 #include "send/progress.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <array>
@@ -55,7 +56,12 @@ void Progress::Show(const Tally& tally) {
   shown_ = now;
   is_there_ = true;
   const double seconds = std::chrono::duration<double>(now - start_).count();
-  std::cerr << '\r' << ProgressLine(tally, total_, seconds) << "\x1B[K" << std::flush;
+  std::string line = ProgressLine(tally, total_, seconds);
+  // One that goes on in the next row could not be taken away.
+  winsize size{};
+  if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 && line.size() >= size.ws_col)
+    line.resize(size.ws_col - 1U);
+  std::cerr << '\r' << line << "\x1B[K" << std::flush;
 }
 
 void Progress::Clear() {

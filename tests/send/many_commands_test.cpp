@@ -199,6 +199,32 @@ TEST_F(ManyCommands, BeginTheFirstRoundAtALaterLine) {
   EXPECT_EQ(Send({"-", "--repeat", "2", "--from", "3"}, "58\n40\n").status, 1);
 }
 
+TEST_F(ManyCommands, AreDoneUntilOneFails) {
+  Begin();
+  ASSERT_EQ(Ask("fault status 22 after 6"), "ok");
+  const Ended ended = Send({"-", "--json", "--until-failure", "--from", "2"}, "58\n40\n95\n");
+  EXPECT_EQ(Members(ended.out, "line"), "2 3 1 2 3 1 ");
+  EXPECT_EQ(Members(ended.out, "round"), "1 1 2 2 2 3 ");
+  EXPECT_EQ(ended.status, 1);
+  EXPECT_EQ(Said(ended), "Stopped at line 1, round 3; go on with --from 1.");
+  const QJsonObject summary = Objects(ended.out).back()["summary"].toObject();
+  EXPECT_EQ(summary["failures"].toInt(), 1);
+  EXPECT_EQ(summary["statuses"].toObject(), QJsonObject({{"20", 5}, {"22", 1}}));
+}
+
+TEST_F(ManyCommands, TalkAtTheSpeedThatTheyAreTold) {
+  Begin({"--instant", "--speed", "19200"});
+  EXPECT_EQ(Send({"-", "--quiet", "--speed", "19200"}, "58\n58\n").out,
+            "VANTREL 1.01\nVANTREL 1.01\n");
+}
+
+TEST_F(ManyCommands, AreToldInUtf8WhateverTheyAre) {
+  // Objects are read as UTF-8, which fails for any other bytes.
+  const auto objects = Objects(SendTo({"-", "--json", "--dry-run"}, "\xFF\xC3\n").out);
+  ASSERT_EQ(objects.size(), 1U);
+  EXPECT_EQ(objects[0]["error"].toString(), QString("There is no command '\uFFFD\uFFFD'."));
+}
+
 TEST_F(ManyCommands, AreCheckedBeforeTheFirstRound) {
   Begin();
   const Ended ended = Send({"-", "--json", "--repeat", "2"}, "58\n31 9\n40 x\n");

@@ -88,6 +88,49 @@ TEST_F(Reports, AreWholeAfterASignal) {
   EXPECT_EQ(Cases(xml_), QStringList{"58 line 1"});
 }
 
+TEST_F(Reports, AreWholeWhenStandardOutputIsClosed) {
+  Begin();
+  for (const QString& path : {xml_, json_}) {
+    QProcess shell;
+    shell.start("sh", {"-c", "printf '58\\n40\\n' | " + QString(VANTREL_SEND_PROGRAM) + " --port " +
+                                 device_ + " --report " + path + " - >/dev/full"});
+    const Ended ended = EndOf(shell);
+    EXPECT_EQ(ended.status, 1);
+    // The first has been done, so that it need not be done again.
+    EXPECT_EQ(ended.errors,
+              "vantrel-send: Standard output cannot be written: No space left on device.\n"
+              "vantrel-send: Stopped at line 1; go on with --from 2.\n");
+  }
+  EXPECT_EQ(Cases(xml_), QStringList{"58 line 1"});
+  EXPECT_EQ(Objects(Contents(json_)).size(), 1U);
+}
+
+TEST_F(Reports, AreWrittenForRoundsThatBeginLater) {
+  Begin();
+  EXPECT_EQ(Send({"-", "--repeat", "2", "--from", "2", "--report", xml_}, "58\n40\n").status, 0);
+  EXPECT_EQ(Cases(xml_),
+            QStringList({"40 line 2 round 1", "58 line 1 round 2", "40 line 2 round 2"}));
+}
+
+TEST_F(Reports, KeepALineThatWasCutApart) {
+  Begin();
+  QFile file(json_);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("{\"line\":1,\"comm");
+  file.close();
+  EXPECT_EQ(Send({"-", "--report", json_, "--from", "2"}, "58\n40\n").status, 0);
+  const auto lines = Contents(json_).split('\n');
+  ASSERT_EQ(lines.size(), 3);
+  EXPECT_EQ(lines[0], "{\"line\":1,\"comm");
+  EXPECT_EQ(Objects(lines[1]).at(0)["line"].toInt(), 2);
+}
+
+TEST_F(Reports, CountTheFailuresOfExpectations) {
+  Begin();
+  EXPECT_EQ(Send({"-", "--report", xml_, "--expect", "22", "--keep-going"}, "25\n58\n").status, 1);
+  EXPECT_EQ(Cases(xml_), QStringList({"25 line 1", "58 line 2: reply"}));
+}
+
 TEST_F(Reports, AreWholeWhenTheDeviceGoes) {
   Begin();
   ASSERT_EQ(Ask("fault vanish after 2"), "ok");
