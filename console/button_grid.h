@@ -22,6 +22,8 @@ class ButtonGrid {
   constexpr int Rows() const { return rows_; }
   // Where the button of that 0-based index in the table stands.
   constexpr Cell CellOf(int index) const { return {index % rows_, index / rows_}; }
+  // The button of a cell; no button of the table where the last column has ended.
+  constexpr int IndexOf(Cell cell) const { return cell.column * rows_ + cell.row; }
 
  private:
   int rows_;

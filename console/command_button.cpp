@@ -1,24 +1,43 @@
 #include "console/command_button.h"
 
 #include "console/command_table.h"
+#include "console/family_color.h"
+#include "dialogs/focus_ring.h"
 
 #include <QAccessible>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QTextLayout>
 
-#include <algorithm>
 #include <cmath>
 
 namespace vantrel::console {
 namespace {
 
-constexpr int kMargin = 4;  // pixels between the caption and the button's edge
-constexpr int kNarrowest = 96;
+// Pixels between the caption and the button's edge, which is wide enough for the tint.
+constexpr int kSideMargin = 10;
+constexpr int kMargin = 3;
+constexpr int kNarrowest = 100;
+// The tint of the family, inside the button's own frame.
+constexpr int kTintInset = 3;
+constexpr int kTintWidth = 4;
 
 QString TextOf(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// A bracket that follows a letter may begin a line; what follows a hyphen may not.
+QString Breakable(QString text) {
+  constexpr QChar kMayBreak(0x200B);
+  constexpr QChar kMayNotBreak(0x2060);
+  for (qsizetype i = text.size() - 1; i > 0; --i) {
+    if (text[i].isSpace()) continue;
+    if (text[i] == u'(' && !text[i - 1].isSpace()) text.insert(i, kMayBreak);
+    if (text[i - 1] == u'-') text.insert(i, kMayNotBreak);
+  }
+  return text;
 }
 
 // Most styles paint disabled text too faintly to read; half-way between text and button can be read
@@ -35,9 +54,12 @@ QColor CaptionColor(const QPalette& palette, bool enabled) {
 
 CommandButton::CommandButton(const ConsoleCommand& command, QWidget* parent)
     : QPushButton(TextOf(command.caption), parent),
-      code_length_(static_cast<int>(command.code.size())) {
+      family_(FamilyOf(command.code)),
+      code_length_(static_cast<int>(command.code.size())),
+      shown_(Breakable(text())) {
   setObjectName(TextOf(command.button));
   setProperty("Tag", TextOf(command.tag));
+  setAccessibleDescription(TextOf(kFamilyNames[static_cast<std::size_t>(family_)]));
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::MinimumExpanding);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
@@ -45,10 +67,10 @@ CommandButton::CommandButton(const ConsoleCommand& command, QWidget* parent)
 
 qreal CommandButton::LayOut(QTextLayout& layout, int width) const {
   QTextOption option(Qt::AlignHCenter);
-  option.setWrapMode(QTextOption::WordWrap);
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout.setTextOption(option);
   QTextLayout::FormatRange code;
-  code.start = static_cast<int>(text().size()) - code_length_;
+  code.start = static_cast<int>(shown_.size()) - code_length_;
   code.length = code_length_;
   code.format.setFontWeight(QFont::Bold);
   layout.setFormats({code});
@@ -66,8 +88,9 @@ qreal CommandButton::LayOut(QTextLayout& layout, int width) const {
 int CommandButton::heightForWidth(int width) const {
   const auto known = heights_.constFind(width);
   if (known != heights_.constEnd()) return *known;
-  QTextLayout layout(text(), font());
-  const int height = static_cast<int>(std::ceil(LayOut(layout, width - 2 * kMargin))) + 2 * kMargin;
+  QTextLayout layout(shown_, font());
+  const int height =
+      static_cast<int>(std::ceil(LayOut(layout, width - 2 * kSideMargin))) + 2 * kMargin;
   heights_.insert(width, height);
   return height;
 }
@@ -108,7 +131,8 @@ void CommandButton::TellScreenReader() {
 QSize CommandButton::sizeHint() const { return minimumSizeHint(); }
 
 QSize CommandButton::minimumSizeHint() const {
-  return {kNarrowest, heightForWidth(std::max(width(), kNarrowest))};
+  // What the caption needs is told for each width.
+  return {kNarrowest, fontMetrics().height() + 2 * kMargin};
 }
 
 void CommandButton::paintEvent(QPaintEvent*) {
@@ -122,10 +146,37 @@ void CommandButton::paintEvent(QPaintEvent*) {
                                                       : QPalette::Inactive);
   QPainter painter(this);
   style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+  PaintTint(painter);
   painter.setPen(CaptionColor(palette(), looks_enabled_));
-  QTextLayout layout(text(), font());
-  const qreal text_height = LayOut(layout, width() - 2 * kMargin);
-  layout.draw(&painter, {static_cast<qreal>(kMargin), std::floor((height() - text_height) / 2)});
+  QTextLayout layout(shown_, font());
+  const qreal text_height = LayOut(layout, width() - 2 * kSideMargin);
+  layout.draw(&painter,
+              {static_cast<qreal>(kSideMargin), std::floor((height() - text_height) / 2)});
+  if (hasFocus()) dialogs::PaintFocusRing(painter, *this);
+}
+
+void CommandButton::PaintTint(QPainter& painter) const {
+  QColor tint = FamilyColor(family_, palette().color(QPalette::Active, QPalette::Button));
+  if (!looks_enabled_) tint.setAlphaF(0.5F);
+  painter.fillRect(QRect(kTintInset, kTintInset, kTintWidth, height() - 2 * kTintInset), tint);
+}
+
+void CommandButton::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Enter:
+    case Qt::Key_Return:
+      if (!event->isAutoRepeat()) click();
+      return;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      // The grid knows where they lead.
+      event->ignore();
+      return;
+    default:
+      QPushButton::keyPressEvent(event);
+  }
 }
 
 }  // namespace vantrel::console

@@ -16,8 +16,21 @@ class DisplayBox : public QPlainTextEdit {
 
   // Shows `text`; a text that it shows already costs nothing.
   void SetText(const QString& text);
+  // From now on a text stands out by a bar along the box's left edge.
+  void SetStandsOut() { stands_out_ = true; }
 
-  QSize sizeHint() const override;
+  QSize sizeHint() const override { return minimumSizeHint(); }
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  const int lines_;
+  bool stands_out_ = false;
+  bool shows_focus_ = false;
 };
 
 }  // namespace vantrel::console

@@ -1,9 +1,11 @@
 #include "console/frm_vantrel.h"
 
-#include "console/button_grid.h"
+#include "console/button_area.h"
 #include "console/command_button.h"
 #include "console/command_table.h"
 #include "console/display_box.h"
+#include "console/port_label.h"
+#include "dialogs/focus_ring.h"
 #include "dialogs/named_widgets.h"
 #include "dialogs/panel_bar.h"
 #include "editors/frm_5a.h"
@@ -12,18 +14,24 @@
 #include "printdata/frm_4e.h"
 #include "printdata/frm_print_buffer.h"
 
+#include <QAccessible>
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QFontDatabase>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cctype>
+#include <chrono>
 #include <utility>
 
 namespace vantrel::console {
@@ -33,11 +41,18 @@ constexpr int kProgressInterval = 200;  // milliseconds
 // An exchange that is over by then lets no button flicker; milliseconds.
 constexpr int kQuickExchange = 100;
 
+// A window that is narrower than so many fixed-pitch characters has the help below the boxes.
+constexpr int kNarrowWindow = 112;
+constexpr int kHintLines = 4;
+constexpr QSize kStartSize(1120, 720);
+// What a window manager may put around a window that has not been shown yet.
+constexpr QSize kUsualFrame(8, 32);
+
 // Takes the width it is given and the height that its text needs then. Other sizes are not worked
 // out: that would lay the text out several times more at each change.
-class HintsLabel : public QLabel {
+class HintsLabel : public dialogs::Ringed<QLabel> {
  public:
-  using QLabel::QLabel;
+  using Ringed::Ringed;
   QSize sizeHint() const override { return {0, 0}; }
   QSize minimumSizeHint() const override { return {0, 0}; }
 };
@@ -57,15 +72,14 @@ FrmVantrel::FrmVantrel(link::Port& port, dialogs::Dialogs& dialogs, dialogs::Gua
   BuildMenus();
   auto* content = new QWidget;
   auto* layout = new QVBoxLayout(content);
-  layout->setContentsMargins(8, 8, 8, 4);
-  layout->setSpacing(8);
+  layout->setContentsMargins(8, 4, 8, 4);
+  layout->setSpacing(6);
   layout->addWidget(BuildExchange(), 1);
   layout->addWidget(BuildButtons(), 3);
   setCentralWidget(content);
   status_bar_ = new dialogs::PanelBar("StatusBarFrmMain", this);
   setStatusBar(status_bar_);
-  setMinimumSize(1024, 640);
-  resize(1120, 720);
+  SizeAtStart();
 
   progress_timer_.setInterval(kProgressInterval);
   connect(&progress_timer_, &QTimer::timeout, this, Guarded([this] { ShowProgress(); }));
@@ -107,6 +121,8 @@ void FrmVantrel::BuildMenus() {
   QAction* about = menuBar()->addAction("About");
   about->setObjectName("Mnu_About");
   connect(about, &QAction::triggered, this, Guarded([this] { Mnu_About_Click(); }));
+  lbl_port_ = new PortLabel;
+  menuBar()->setCornerWidget(lbl_port_, Qt::TopRightCorner);
 }
 
 QAction* FrmVantrel::AddEntry(QMenu* menu, QActionGroup* group, const QString& name,
@@ -119,14 +135,15 @@ QAction* FrmVantrel::AddEntry(QMenu* menu, QActionGroup* group, const QString& n
 }
 
 QWidget* FrmVantrel::BuildExchange() {
-  txt_command_ = new QLineEdit;
+  txt_command_ = new dialogs::Ringed<QLineEdit>;
   txt_command_->setObjectName("TxtCommand");
   txt_command_->setAccessibleName("Command");
   txt_command_->setReadOnly(true);
-  txt_command_->setFixedWidth(64);
   txt_syntax_ = new DisplayBox("TxtSyntax", "Syntax", 2);
   txt_response_ = new DisplayBox("TxtResponse", "Response", 2);
+  txt_response_->SetStandsOut();
   txt_command_->setFont(txt_syntax_->font());
+  txt_command_->setFixedWidth(8 * txt_command_->fontMetrics().averageCharWidth());
 
   progress_ = new QProgressBar;
   progress_->setObjectName("ProgressTimeLimit");
@@ -135,74 +152,184 @@ QWidget* FrmVantrel::BuildExchange() {
   progress_->setFixedHeight(6);
   progress_->setValue(0);
 
-  lbl_hints_ = new HintsLabel;
-  lbl_hints_->setObjectName("LblHints");
-  lbl_hints_->setTextFormat(Qt::PlainText);
-  lbl_hints_->setWordWrap(true);
-  lbl_hints_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  lbl_hints_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  lbl_hints_->setMargin(6);
-  lbl_hints_->setBackgroundRole(QPalette::Base);
-  lbl_hints_->setAutoFillBackground(true);
-  auto* hints_area = new QScrollArea;
-  hints_area->setWidget(lbl_hints_);
-  hints_area->setWidgetResizable(true);
-  hints_area->setFocusPolicy(Qt::NoFocus);
-
-  auto* exit = new QPushButton("Exit");
+  auto* exit = new dialogs::Ringed<QPushButton>("Exit");
+  exit->setAutoDefault(true);  // Enter presses it
   exit->setObjectName("CmdExit");
   exit->setProperty("Tag", "20");
   connect(exit, &QPushButton::clicked, this, Guarded([this] { CmdExit_Click(); }));
 
   auto* exchange = new QWidget;
-  auto* grid = new QGridLayout(exchange);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(8);
-  grid->setVerticalSpacing(6);
-  grid->addWidget(dialogs::MakeLabel("lblCommand", "Command :"), 0, 0);
-  grid->addWidget(txt_command_, 0, 1);
-  grid->addWidget(progress_, 0, 2);
-  grid->addWidget(exit, 0, 3);
-  grid->addWidget(dialogs::MakeLabel("LblSyntax", "Syntax :"), 1, 0, Qt::AlignTop);
-  grid->addWidget(txt_syntax_, 1, 1, 1, 3);
-  grid->addWidget(dialogs::MakeLabel("LblResponse", "Response :"), 2, 0, Qt::AlignTop);
-  grid->addWidget(txt_response_, 2, 1, 1, 3);
-  grid->setRowStretch(1, 1);
-  grid->setRowStretch(2, 1);
-  grid->addWidget(hints_area, 0, 4, 3, 1);
-  grid->setColumnStretch(2, 5);
-  grid->setColumnStretch(4, 6);
+  exchange_ = new QGridLayout(exchange);
+  exchange_->setContentsMargins(0, 0, 0, 0);
+  exchange_->setHorizontalSpacing(8);
+  exchange_->setVerticalSpacing(4);
+  exchange_->addWidget(dialogs::MakeLabel("lblCommand", "Command :"), 0, 0);
+  exchange_->addWidget(txt_command_, 0, 1);
+  exchange_->addWidget(progress_, 0, 2);
+  exchange_->addWidget(exit, 0, 3);
+  exchange_->addWidget(dialogs::MakeLabel("LblSyntax", "Syntax :"), 1, 0, Qt::AlignTop);
+  exchange_->addWidget(txt_syntax_, 1, 1, 1, 3);
+  exchange_->addWidget(dialogs::MakeLabel("LblResponse", "Response :"), 2, 0, Qt::AlignTop);
+  exchange_->addWidget(txt_response_, 2, 1, 1, 3);
+  exchange_->setRowStretch(1, 1);
+  exchange_->setRowStretch(2, 1);
+  exchange_->setColumnStretch(2, 5);
+  exchange_->setColumnStretch(4, 6);
+  exchange_->addWidget(BuildHints(), 0, 4, 3, 1);
   return exchange;
 }
 
+QWidget* FrmVantrel::BuildHints() {
+  lbl_hints_ = new HintsLabel;
+  lbl_hints_->setObjectName("LblHints");
+  lbl_hints_->setAccessibleName("Help");
+  lbl_hints_->setTextFormat(Qt::PlainText);
+  lbl_hints_->setWordWrap(true);
+  lbl_hints_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+  lbl_hints_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  // The two lines of a command's help line up by their blanks.
+  lbl_hints_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  lbl_hints_->setFocusPolicy(Qt::StrongFocus);
+  lbl_hints_->setMargin(6);
+  lbl_hints_->setBackgroundRole(QPalette::Base);
+  lbl_hints_->setAutoFillBackground(true);
+  hints_area_ = new QScrollArea;
+  hints_area_->setWidget(lbl_hints_);
+  hints_area_->setWidgetResizable(true);
+  hints_area_->setFocusPolicy(Qt::NoFocus);
+  hints_area_->setMinimumHeight(kHintLines * lbl_hints_->fontMetrics().lineSpacing() + 16);
+  return hints_area_;
+}
+
 QWidget* FrmVantrel::BuildButtons() {
-  auto* area = new QWidget;
-  auto* grid = new QGridLayout(area);
-  grid->setContentsMargins(0, 0, 0, 0);
-  grid->setHorizontalSpacing(6);
-  grid->setVerticalSpacing(4);
   const auto commands = Commands();
-  const ButtonGrid places(static_cast<int>(commands.size()));
-  for (int i = 0; i < static_cast<int>(commands.size()); ++i) {
-    const ConsoleCommand& command = commands[static_cast<std::size_t>(i)];
-    auto* button = new CommandButton(command);
+  buttons_ = new ButtonArea(commands);
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    const ConsoleCommand& command = commands[i];
+    CommandButton* button = buttons_->Buttons()[i];
     connect(button, &QPushButton::clicked, this,
             Guarded([this, &command] { (handlers_.*command.click)(command); }));
     if (command.tag == "1") ordinary_buttons_.push_back(button);
-    // A line stands between two columns.
-    const Cell cell = places.CellOf(i);
-    grid->addWidget(button, cell.row, cell.column * 2);
   }
-  for (int column = 0; column < ButtonGrid::kColumns; ++column)
-    grid->setColumnStretch(column * 2, 1);
-  for (int row = 0; row < places.Rows(); ++row) grid->setRowStretch(row, 1);
-  for (int number = 1; number < ButtonGrid::kColumns; ++number) {
-    auto* line = new QFrame;
-    line->setObjectName(QString("Line%1").arg(number));
-    line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
-    grid->addWidget(line, 0, number * 2 - 1, places.Rows(), 1);
+  // Scrolls where the screen is too small for the font.
+  buttons_area_ = new QScrollArea;
+  buttons_area_->setFrameShape(QFrame::NoFrame);
+  buttons_area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  buttons_area_->setFocusPolicy(Qt::NoFocus);
+  buttons_area_->setWidgetResizable(true);
+  buttons_area_->setWidget(buttons_);
+  return buttons_area_;
+}
+
+QSize FrmVantrel::AvailableSize() const {
+  const QSize frame = isVisible() ? frameGeometry().size() - size() : kUsualFrame;
+  return screen()->availableSize() - (frame.isNull() ? kUsualFrame : frame);
+}
+
+void FrmVantrel::SizeAtStart() {
+  const QSize available = AvailableSize();
+  resize(kStartSize.boundedTo(available));
+  Fit();
+  resize(width(), std::min(std::max(kStartSize.height(), NeededHeight()), available.height()));
+}
+
+int FrmVantrel::NeededHeight() const {
+  const QMargins margins = centralWidget()->layout()->contentsMargins();
+  const int inside = width() - margins.left() - margins.right();
+  return menuBar()->heightForWidth(width()) + margins.top() +
+         exchange_->parentWidget()->minimumSizeHint().height() +
+         centralWidget()->layout()->spacing() + buttons_->heightForWidth(inside) +
+         margins.bottom() + status_bar_->minimumSizeHint().height();
+}
+
+void FrmVantrel::Fit() {
+  const bool narrow = width() < kNarrowWindow * lbl_hints_->fontMetrics().averageCharWidth();
+  int row = 0, column = 0, rows = 0, columns = 0;
+  exchange_->getItemPosition(exchange_->indexOf(hints_area_), &row, &column, &rows, &columns);
+  if (narrow != (row == 3)) {
+    exchange_->removeWidget(hints_area_);
+    if (narrow)
+      exchange_->addWidget(hints_area_, 3, 0, 1, 4);
+    else
+      exchange_->addWidget(hints_area_, 0, 4, 3, 1);
+    exchange_->setColumnStretch(4, narrow ? 0 : 6);
+    exchange_->setRowStretch(3, narrow ? 1 : 0);
+    exchange_->activate();
   }
-  return area;
+  const QMargins margins = centralWidget()->layout()->contentsMargins();
+  setMinimumWidth(std::max(buttons_->minimumSizeHint().width(),
+                           exchange_->parentWidget()->minimumSizeHint().width()) +
+                  margins.left() + margins.right());
+  setMinimumHeight(std::min(NeededHeight(), AvailableSize().height()));
+}
+
+void FrmVantrel::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  if (event->size().width() != event->oldSize().width()) Fit();
+}
+
+void FrmVantrel::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  // The children hear of a new font or style before this call ends.
+  if ((event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) &&
+      status_bar_ != nullptr)
+    QMetaObject::invokeMethod(
+        this, [this] { Fit(); }, Qt::QueuedConnection);
+}
+
+void FrmVantrel::keyPressEvent(QKeyEvent* event) {
+  const bool is_shortcut =
+      (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+  const QString text = event->text();
+  if (event->key() == Qt::Key_F10 && !is_shortcut) {
+    menuBar()->setFocus(Qt::MenuBarFocusReason);
+    menuBar()->setActiveAction(menuBar()->actions().front());
+    return;
+  }
+  if (is_shortcut || text.size() != 1 || !std::isxdigit(text[0].toLatin1())) {
+    code_entry_.Clear();
+    return QMainWindow::keyPressEvent(event);
+  }
+  const auto now = std::chrono::milliseconds(event->timestamp());
+  const auto code = code_entry_.Type(text[0].toLatin1(), now);
+  if (code && !FocusCommand(*code)) code_entry_.Reject();
+}
+
+bool FrmVantrel::FocusCommand(const std::string& code) {
+  const auto commands = Commands();
+  const auto found = std::find_if(commands.begin(), commands.end(),
+                                  [&](const auto& command) { return command.code == code; });
+  if (found == commands.end()) return false;
+  CommandButton* button = buttons_->Buttons()[static_cast<std::size_t>(found - commands.begin())];
+  button->setFocus(Qt::ShortcutFocusReason);
+  buttons_area_->ensureWidgetVisible(button);
+  return true;
+}
+
+std::function<void()> FrmVantrel::Guarded(std::function<void()> work) {
+  return dialogs::Guarded(guard_, [this, work = std::move(work)] {
+    try {
+      work();
+    } catch (const link::PortError& error) {
+      port_problem_ = error.Brief();
+      ShowPort();
+      throw;
+    }
+    ShowPort();
+  });
+}
+
+void FrmVantrel::ShowPort() {
+  if (port_.IsOpen()) port_problem_.clear();
+  const std::string state = port_.IsOpen()          ? "open"
+                            : port_problem_.empty() ? "closed"
+                                                    : port_problem_;
+  lbl_port_->Show(port_number_, QString::fromStdString(port_.Device()),
+                  QString::fromStdString(port_speed_), QString::fromStdString(state));
+}
+
+void FrmVantrel::ReopenPort() {
+  Guarded([this] { port_.Open(); })();
 }
 
 void FrmVantrel::Form_Load() {
@@ -211,18 +338,19 @@ void FrmVantrel::Form_Load() {
     port_.DiscardInput();
     port_.DiscardOutput();
   } catch (const link::PortError& error) {
-    load_failure_ = error.what();
+    load_failure_ = error;
+    port_problem_ = error.Brief();
   }
+  ShowPort();
 }
 
 void FrmVantrel::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
-  if (load_failure_.empty()) return;
+  if (!load_failure_) return;
   // Reported on the next turn, when the window is up.
-  QMetaObject::invokeMethod(this, Guarded([failure = std::exchange(load_failure_, {})] {
-                              throw link::PortError(failure);
-                            }),
-                            Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, Guarded([failure = *std::exchange(load_failure_, {})] { throw failure; }),
+      Qt::QueuedConnection);
 }
 
 void FrmVantrel::closeEvent(QCloseEvent* event) {
@@ -236,9 +364,12 @@ void FrmVantrel::Mnu_COM_Click(int number) {
   // The port is left closed on purpose; choosing a speed opens it again.
   port_.Close();
   port_.SetCommPort(number);
+  port_number_ = number;
+  port_problem_.clear();
 }
 
 void FrmVantrel::Mnu_bps_Click(const std::string& settings) {
+  port_speed_ = settings.substr(0, settings.find(','));
   port_.SetSettings(settings);
   if (!port_.IsOpen()) port_.Open();
 }
@@ -279,9 +410,11 @@ void FrmVantrel::SetText(link::Field field, const std::string& text) {
       break;
     case link::Field::TxtResponse:
       txt_response_->SetText(qtext);
+      if (!qtext.isEmpty()) AnnounceReply();
       break;
     case link::Field::LblHints:
       lbl_hints_->setText(qtext);
+      lbl_hints_->setAccessibleName(qtext.isEmpty() ? "Help" : "Help: " + qtext);
       break;
     case link::Field::Panel1:
       status_bar_->SetText(1, text);
@@ -308,6 +441,16 @@ std::string FrmVantrel::Text(link::Field field) const {
       return status_bar_->Text(2);
   }
   return {};
+}
+
+void FrmVantrel::AnnounceReply() {
+  if (!QAccessible::isActive()) return;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+  QAccessibleAnnouncementEvent event(txt_response_, txt_response_->toPlainText());
+#else
+  QAccessibleEvent event(txt_response_, QAccessible::Alert);
+#endif
+  QAccessible::updateAccessibility(&event);
 }
 
 void FrmVantrel::EnableCommandButtons(bool enabled) {
@@ -339,7 +482,7 @@ void FrmVantrel::LookEnabled(bool enabled) {
 }
 
 void FrmVantrel::ShowLoss(const link::PortError& loss) {
-  guard_.Run([&loss] { throw loss; });
+  Guarded([&loss] { throw loss; })();
 }
 
 void FrmVantrel::HideConsole() {

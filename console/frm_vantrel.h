@@ -1,5 +1,6 @@
 #pragma once
 
+#include "console/code_entry.h"
 #include "console/command_handlers.h"
 #include "console/sub_forms.h"
 #include "dialogs/dialogs.h"
@@ -15,14 +16,17 @@
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
 class QActionGroup;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QMenu;
 class QProgressBar;
+class QScrollArea;
 
 namespace vantrel::dialogs {
 class PanelBar;
@@ -30,8 +34,10 @@ class PanelBar;
 
 namespace vantrel::console {
 
+class ButtonArea;
 class CommandButton;
 class DisplayBox;
+class PortLabel;
 
 // The console: one button a command, the last exchange, help, guidance, and the menu for the serial
 // port. Loading it opens the port; closing it closes the port.
@@ -51,6 +57,8 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
 
   // Whether a command is waiting for its reply.
   bool IsWaiting() const { return transaction_.IsWaiting(); }
+  // Opens the chosen port again, whose device has changed. A failure is told inside the guard.
+  void ReopenPort();
 
  signals:
   // The window was closed; the port is closed and every wait is about to end.
@@ -59,6 +67,9 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
  protected:
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void SetText(link::Field field, const std::string& text) override;
@@ -74,12 +85,19 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   void ShowFrmExternalFont(const std::string& caption) override;
   void ShowFrm5A() override;
 
-  std::function<void()> Guarded(std::function<void()> work) const {
-    return dialogs::Guarded(guard_, std::move(work));
-  }
+  // `work` to be connected to a signal. What the port has become by it is shown.
+  std::function<void()> Guarded(std::function<void()> work);
   void BuildMenus();
   QWidget* BuildExchange();
+  QWidget* BuildHints();
   QWidget* BuildButtons();
+  // Puts the help beside the boxes or, in a narrow window, below them, and gives the window the
+  // least height at which every caption is whole, as far as the screen has it.
+  void Fit();
+  // The height that everything needs at the window's width.
+  int NeededHeight() const;
+  QSize AvailableSize() const;
+  void SizeAtStart();
   QAction* AddEntry(QMenu* menu, QActionGroup* group, const QString& name, const QString& caption);
 
   void Form_Load();
@@ -88,6 +106,10 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   void Mnu_About_Click();
   void CmdExit_Click();
   void ShowProgress();
+  void ShowPort();
+  // Brings the focus to the button of a code that has been typed; false when there is none.
+  bool FocusCommand(const std::string& code);
+  void AnnounceReply();
   // Makes the ordinary buttons look enabled or disabled.
   void LookEnabled(bool enabled);
 
@@ -100,6 +122,15 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   link::Transaction transaction_;
   CommandHandlers handlers_;
 
+  ButtonArea* buttons_ = nullptr;
+  QScrollArea* buttons_area_ = nullptr;
+  QScrollArea* hints_area_ = nullptr;
+  QGridLayout* exchange_ = nullptr;
+  PortLabel* lbl_port_ = nullptr;
+  int port_number_ = 1;
+  std::string port_speed_ = "9600";
+  std::string port_problem_;  // why the port is not open, in a few words
+  CodeEntry code_entry_;
   std::vector<CommandButton*> ordinary_buttons_;  // disabled while a command waits
   CommandButton* focus_to_return_ = nullptr;
   QLineEdit* txt_command_ = nullptr;
@@ -110,8 +141,8 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   QTimer progress_timer_;
   QTimer look_timer_;  // until the disabled buttons look so
   dialogs::PanelBar* status_bar_ = nullptr;
-  QPoint position_;           // of the hidden console
-  std::string load_failure_;  // the message of a port that would not open at load
+  QPoint position_;                              // of the hidden console
+  std::optional<link::PortError> load_failure_;  // of a port that would not open at load
 };
 
 }  // namespace vantrel::console

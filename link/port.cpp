@@ -30,11 +30,14 @@ std::string SystemDevice(int port_number) { return DeviceIn("/dev", port_number)
 PortError CannotOpen(const std::string& device, OpenFailure reason, const std::string& system_words,
                      const std::string& group) {
   std::string advice;
+  std::string brief;
   switch (reason) {
     case OpenFailure::kNotFound:
+      brief = "not found";
       advice = "There is no such device. Connect the printer, then ";
       break;
     case OpenFailure::kNoPermission:
+      brief = "no permission";
       advice = group.empty()
                    ? "You may not use this device. Ask your administrator for access, then "
                    : "You may not use this device. Join the group \"" + group +
@@ -42,34 +45,40 @@ PortError CannotOpen(const std::string& device, OpenFailure reason, const std::s
                          " YOUR-NAME), log in again, then ";
       break;
     case OpenFailure::kInUse:
+      brief = "in use";
       advice = "Another program is using this device. End that program, then ";
       break;
     case OpenFailure::kOther:
+      brief = "cannot be opened";
       advice = "Check that a serial port is there and that the printer is connected, then ";
       break;
   }
-  return PortError(Message(device, "cannot be opened", system_words, advice + kChooseAgain));
+  return PortError(Message(device, "cannot be opened", system_words, advice + kChooseAgain), brief);
 }
 
 PortError NotOpen(const std::string& device) {
   return PortError(Message(device, "is not open, so nothing was sent", "",
-                           "Choose a speed in \"Setting\" - \"Baud Rate\" to open it."));
+                           "Choose a speed in \"Setting\" - \"Baud Rate\" to open it."),
+                   "closed");
 }
 
 PortError SettingsRefused(const std::string& device, const std::string& settings,
                           const std::string& system_words) {
   return PortError(Message(device, "does not take the settings " + settings, system_words,
-                           "Choose another speed in \"Setting\" - \"Baud Rate\"."));
+                           "Choose another speed in \"Setting\" - \"Baud Rate\"."),
+                   "speed refused");
 }
 
 PortError WriteFailed(const std::string& device, const std::string& system_words) {
   return PortError(Message(device, "could not be written to", system_words,
-                           std::string("Check the cable and the printer, then ") + kChooseAgain));
+                           std::string("Check the cable and the printer, then ") + kChooseAgain),
+                   "write failed");
 }
 
 PortError DeviceGone(const std::string& device, const std::string& system_words) {
   return PortError(Message(device, "is gone", system_words,
-                           std::string("Connect the printer again, then ") + kChooseAgain));
+                           std::string("Connect the printer again, then ") + kChooseAgain),
+                   "gone");
 }
 
 }  // namespace vantrel::link

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace vantrel::link {
 
@@ -11,7 +12,14 @@ namespace vantrel::link {
 // words and what to do about it.
 class PortError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  // `brief` says the same in a few words without an end.
+  explicit PortError(const std::string& message, std::string brief = "failed")
+      : std::runtime_error(message), brief_(std::move(brief)) {}
+
+  const std::string& Brief() const { return brief_; }
+
+ private:
+  std::string brief_;
 };
 
 // The device behind port number 1 or 2 in a folder of devices: com1 or com2 where that exists, else
@@ -62,6 +70,9 @@ class Port {
   virtual void SetSettings(const std::string& settings) = 0;
 
   virtual bool IsOpen() const = 0;
+  // The device that was opened last, else the one that Open would open; empty where that is
+  // unknown.
+  virtual std::string Device() const { return {}; }
   // Opens the chosen port and leaves nothing unread in it. Throws PortError; the port is closed
   // then.
   virtual void Open() = 0;

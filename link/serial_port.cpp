@@ -50,8 +50,7 @@ SerialPort::SerialPort(DeviceOf device_of, int watch_interval) : device_of_(std:
 SerialPort::~SerialPort() { SerialPort::Close(); }
 
 std::string SerialPort::Name() const {
-  const std::string device = device_.empty() ? device_of_(number_) : device_;
-  return "COM " + std::to_string(number_) + " (" + device + ")";
+  return "COM " + std::to_string(number_) + " (" + Device() + ")";
 }
 
 void SerialPort::SetCommPort(int number) {

@@ -28,6 +28,7 @@ class SerialPort : public QObject, public Port {
   void SetCommPort(int number) override;
   void SetSettings(const std::string& settings) override;
   bool IsOpen() const override { return port_.isOpen(); }
+  std::string Device() const override { return device_.empty() ? device_of_(number_) : device_; }
   void Open() override;
   void Close() override;
   Bytes Input() override;

@@ -147,9 +147,9 @@ void Transaction::Delay(int milliseconds, int depth) {
 void Transaction::ThrowIfAbandoned(int depth) {
   if (depth > abandoned_depth_) return;
   if (!loss_) throw ExchangeEnded();
-  const std::string message = loss_->what();
+  const PortError loss = *loss_;
   loss_.reset();
-  throw PortError(message);
+  throw loss;
 }
 
 void Transaction::Abandon() {

@@ -1,0 +1,97 @@
+// What the console tells of its port, and of itself to a screen reader.
+
+#include "tests/support/console_fixture.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+namespace vantrel::console {
+namespace {
+
+class ConsolePortTest : public support::ConsoleTest {};
+
+TEST_F(ConsolePortTest, AnOpenPortIsTold) {
+  Load();
+  EXPECT_EQ(Text("LblPort"), "COM 1 · " + first_device_ + " · 9600 · open");
+  Choose("Mnu_19200bps");
+  EXPECT_EQ(Text("LblPort"), "COM 1 · " + first_device_ + " · 19200 · open");
+}
+
+TEST_F(ConsolePortTest, AChosenPortIsClosed) {
+  Load();
+  Choose("Mnu_COM2");
+  EXPECT_EQ(Text("LblPort"), "COM 2 · /dev/does-not-exist · 9600 · closed");
+}
+
+TEST_F(ConsolePortTest, APortThatCannotBeOpenedTellsWhy) {
+  Load();
+  Choose("Mnu_COM2");
+  dialogs_.Answers(dialogs::Answer::kOk);
+  Choose("Mnu_4800bps");
+  EXPECT_EQ(Text("LblPort"), "COM 2 · /dev/does-not-exist · 4800 · not found");
+  Choose("Mnu_COM1");
+  Choose("Mnu_4800bps");
+  EXPECT_EQ(Text("LblPort"), "COM 1 · " + first_device_ + " · 4800 · open");
+}
+
+TEST_F(ConsolePortTest, APortThatIsMissingAtTheStartTellsWhy) {
+  first_device_ = "/dev/does-not-exist";
+  dialogs_.Answers(dialogs::Answer::kOk);
+  Load();
+  EXPECT_EQ(Text("LblPort"), "COM 1 · /dev/does-not-exist · 9600 · not found");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs_.All().empty(); }));
+}
+
+TEST_F(ConsolePortTest, ALostDeviceIsTold) {
+  Load();
+  dialogs_.Answers(dialogs::Answer::kOk);
+  peer_.Vanish();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs_.All().empty(); }));
+  EXPECT_EQ(Text("LblPort"), "COM 1 · " + first_device_ + " · 9600 · gone");
+}
+
+TEST_F(ConsolePortTest, StandsAtTheRightEndOfTheMenuBarAndLeavesTheMenusTheirRoom) {
+  first_device_ = "/dev/" + std::string(200, 'x');
+  dialogs_.Answers(dialogs::Answer::kOk);
+  Load();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs_.All().empty(); }));
+  auto* label = form_->findChild<QLabel*>("LblPort");
+  QMenuBar* bar = form_->menuBar();
+  EXPECT_EQ(label->parentWidget(), bar);
+  EXPECT_GE(bar->actionGeometry(bar->actions().back()).width(), 20);
+  EXPECT_FALSE(label->geometry().intersects(bar->actionGeometry(bar->actions().back())));
+  EXPECT_GT(label->geometry().right(), bar->width() - 12);
+  EXPECT_EQ(label->toolTip(), label->text());
+}
+
+TEST_F(ConsolePortTest, EveryControlHasANameForAScreenReader) {
+  Load();
+  for (QWidget* widget : form_->findChildren<QWidget*>()) {
+    if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(interface, nullptr) << widget->objectName().toStdString();
+    EXPECT_FALSE(interface->text(QAccessible::Name).isEmpty())
+        << widget->metaObject()->className() << " " << widget->objectName().toStdString();
+  }
+}
+
+TEST_F(ConsolePortTest, TheReplyStandsOut) {
+  Load();
+  AnswerAll();
+  auto* box = form_->findChild<QAbstractScrollArea*>("TxtResponse");
+  const auto edge = [box] {
+    const QImage picture = box->viewport()->grab().toImage();
+    return picture.pixelColor(1, picture.height() / 2);
+  };
+  const QColor empty = edge();
+  Press("Cmd58");
+  EXPECT_NE(edge(), empty);
+}
+
+}  // namespace
+}  // namespace vantrel::console
