@@ -24,8 +24,6 @@
 #include <thread>
 #include <vector>
 
-extern char** environ;
-
 namespace vantrel::bench {
 namespace {
 

@@ -62,6 +62,8 @@ Settings ReadSettings(const Parsed& parsed) {
   for (const char* option : {"report", "capture"})
     if (parsed.Has(option) && parsed.Value(option).empty())
       throw WrongUse(std::string("--") + option + " needs a file.");
+  if (!settings.report.empty() && settings.report == settings.capture)
+    throw WrongUse("--report and --capture need a file each.");
   return settings;
 }
 

@@ -268,6 +268,8 @@ TEST_F(ManyCommands, RefuseOptionsThatExcludeEachOther) {
         Case{{"-", "--from", "0"}, "--from is a number from 1 to 1000000000, not '0'."},
         Case{{"-", "--data", "00"},
              "--data is for one command; a line of standard input may carry its own."},
+        Case{{"-", "--report", "x", "--capture", "x"}, "--report and --capture need a file each."},
+        Case{{"-", "--report", ""}, "--report needs a file."},
         Case{{"-", "58"}, "Unexpected argument '58'."}}) {
     const Ended ended = SendTo(one.words);
     EXPECT_EQ(ended.status, 2) << one.sentence;

@@ -1,5 +1,7 @@
 // Every parameter's both ends and what is beyond them.
 
+#include "link/port.h"
+#include "send/settings.h"
 #include "tests/send/command_lines.h"
 
 #include <gtest/gtest.h>
@@ -188,6 +190,12 @@ TEST(Parameters, NameTheStatusesThatAreExpected) {
         Refusal({"58", "--expect", bad}),
         std::string("--expect is statuses of two hex digits with commas between them, not '") +
             bad + "'.");
+}
+
+TEST(Parameters, NameTheConsolesFirstPortIfNoneIsTold) {
+  const Settings settings = ReadSettings(commandline::Parse(SendTable(), Words{"58"}));
+  EXPECT_EQ(settings.address, link::SystemDevice(1));
+  EXPECT_EQ(settings.speed, 9600);
 }
 
 }  // namespace
