@@ -15,6 +15,9 @@ class FileChooser {
   // was cancelled.
   virtual QString SaveName(QWidget* parent, const QString& title, const QString& suggestion,
                            const QString& filters) = 0;
+  // Asks which file to open, above `parent`. Returns the path, empty when the question was
+  // cancelled.
+  virtual QString OpenName(QWidget* parent, const QString& title, const QString& filters) = 0;
 };
 
 }  // namespace vantrel::dialogs

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <type_traits>
 #include <utility>
 
 namespace vantrel::dialogs {
@@ -17,6 +18,15 @@ class Guard {
 // `work` to be connected to a signal: it runs inside `guard`, which must outlive the connection.
 inline std::function<void()> Guarded(Guard& guard, std::function<void()> work) {
   return [&guard, work = std::move(work)] { guard.Run(work); };
+}
+
+// The same for work that takes what the signal carries, or its first part.
+template <typename Work>
+auto GuardedSlot(Guard& guard, Work work) {
+  return [&guard, work = std::move(work) ]<typename... Arguments>(
+      Arguments... arguments) requires std::is_invocable_v<const Work&, Arguments...> {
+    guard.Run([&] { work(arguments...); });
+  };
 }
 
 }  // namespace vantrel::dialogs

@@ -20,4 +20,10 @@ QString WindowFileChooser::SaveName(QWidget* parent, const QString& title,
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
+QString WindowFileChooser::OpenName(QWidget* parent, const QString& title, const QString& filters) {
+  QFileDialog dialog(parent, title, {}, filters);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
 }  // namespace vantrel::dialogs

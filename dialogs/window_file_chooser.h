@@ -9,6 +9,7 @@ class WindowFileChooser : public FileChooser {
  public:
   QString SaveName(QWidget* parent, const QString& title, const QString& suggestion,
                    const QString& filters) override;
+  QString OpenName(QWidget* parent, const QString& title, const QString& filters) override;
 };
 
 }  // namespace vantrel::dialogs

@@ -23,6 +23,9 @@ class ScriptedFileChooser : public dialogs::FileChooser {
 
   QString SaveName(QWidget*, const QString& title, const QString&,
                    const QString& filters) override {
+    return OpenName(nullptr, title, filters);
+  }
+  QString OpenName(QWidget*, const QString& title, const QString& filters) override {
     title_ = title;
     filters_ = filters;
     if (answers_.empty()) {
