@@ -1,5 +1,6 @@
 #include "printer/model/card_deck.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -14,7 +15,14 @@ Card CardDeck::Choose(std::size_t index, Card returned) {
 
 Card CardDeck::Make(Card returned) {
   if (IsFull()) throw std::length_error("The deck is full.");
-  cards_.push_back({"Card " + std::to_string(cards_.size() + 1), {}});
+  // A card of the usual name may be there, because others were removed or renamed.
+  std::string name;
+  std::size_t number = cards_.size();
+  do {
+    name = "Card " + std::to_string(++number);
+  } while (std::any_of(cards_.begin(), cards_.end(),
+                       [&name](const NamedCard& card) { return card.name == name; }));
+  cards_.push_back({name, {}});
   return Choose(cards_.size() - 1, std::move(returned));
 }
 

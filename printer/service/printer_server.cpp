@@ -17,10 +17,10 @@ QByteArray ToQt(const link::Bytes& bytes) {
 
 }  // namespace
 
-PrinterServer::PrinterServer(PrinterModel& model, LineMaker make_line, QObject* parent)
-    : QObject(parent), model_(model), make_line_(std::move(make_line)) {
+PrinterServer::PrinterServer(PrinterModel& model, LineMaker make_line, Clock clock, QObject* parent)
+    : QObject(parent), model_(model), make_line_(std::move(make_line)), clock_(std::move(clock)) {
   Open();
-  clock_.start();
+  elapsed_.start();
   model_.OnSend([this](const link::Bytes& chunk) { Write(chunk); });
   model_.OnChange([this] {
     Schedule();
@@ -94,7 +94,9 @@ bool PrinterServer::PullOutCard() { return model_.PullOutCard(Now()); }
 
 void PrinterServer::SetPower(bool on) { model_.SetPower(on, Now()); }
 
-protocol::Moment PrinterServer::Now() const { return protocol::Moment{clock_.elapsed()}; }
+protocol::Moment PrinterServer::Now() const {
+  return clock_ ? clock_() : protocol::Moment{elapsed_.elapsed()};
+}
 
 void PrinterServer::ReadLine() {
   const link::Bytes bytes = line_->Read();

@@ -26,10 +26,14 @@ class PrinterServer : public QObject {
   // Makes the printer's end of a line; throws std::runtime_error when the system gives none.
   using LineMaker = std::function<std::unique_ptr<protocol::LineEnd>()>;
 
+  // Tells this moment; it never goes back.
+  using Clock = std::function<protocol::Moment()>;
+
   // `model` must outlive the server, which makes itself its sink and listener. `make_line` is
-  // called at once and whenever the device is plugged in again; what it throws is thrown on.
+  // called at once and whenever the device is plugged in again; what it throws is thrown on. Time
+  // is counted from construction where no clock is handed in.
   explicit PrinterServer(PrinterModel& model, LineMaker make_line = MakePseudoTerminal,
-                         QObject* parent = nullptr);
+                         Clock clock = {}, QObject* parent = nullptr);
   ~PrinterServer() override;
 
   // Where a console finds the line, "/dev/pts/7"; empty while it is unplugged.
@@ -81,7 +85,8 @@ class PrinterServer : public QObject {
   std::unique_ptr<protocol::LineEnd> line_;
   // Whether the line took all of the last chunk.
   bool sent_whole_ = false;
-  QElapsedTimer clock_;
+  Clock clock_;
+  QElapsedTimer elapsed_;
   QTimer due_;
   QTimer exclusive_use_;
   std::unique_ptr<QSocketNotifier> readable_;

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -13,6 +14,12 @@ namespace vantrel::printer {
 // The built program, as a process of its own.
 class PrinterProgram : public testing::Test {
  protected:
+  PrinterProgram() {
+    // A window leaves its settings here and not with whoever runs the test.
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", folder_.path());
+    program_.setProcessEnvironment(environment);
+  }
   ~PrinterProgram() override {
     if (program_.state() == QProcess::NotRunning) return;
     program_.kill();
