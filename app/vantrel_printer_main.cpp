@@ -2,6 +2,8 @@
 #include "app/printer_table.h"
 #include "commandline/fault.h"
 #include "dialogs/program_start.h"
+#include "dialogs/telling_guard.h"
+#include "dialogs/window_dialogs.h"
 #include "dialogs/window_file_chooser.h"
 #include "log/capture_file.h"
 #include "log/capture_recorder.h"
@@ -28,6 +30,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QSettings>
 
 #include <unistd.h>
 
@@ -47,11 +50,36 @@ namespace {
 // How long a reader of the last lines may leave them.
 constexpr std::chrono::milliseconds kPatience{2000};
 
+// What the printer's windows are handed.
+struct WindowHelpers {
+  vantrel::dialogs::WindowDialogs dialogs;
+  vantrel::dialogs::WindowFileChooser files;
+  vantrel::dialogs::TellingGuard guard{dialogs};
+
+  vantrel::dialogs::Helpers All() { return {dialogs, files, guard}; }
+};
+
+// An application with windows; its guard is the last net for what an event throws.
+class WindowApplication : public QApplication {
+ public:
+  WindowApplication(int& argc, char** argv) : QApplication(argc, argv) {}
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    bool taken = true;
+    guard_.Run([&] { taken = QApplication::notify(receiver, event); });
+    return taken;
+  }
+
+ private:
+  vantrel::dialogs::WindowDialogs dialogs_;
+  vantrel::dialogs::TellingGuard guard_{dialogs_};
+};
+
 std::unique_ptr<QCoreApplication> MakeWindowApplication(int& argc, char** argv) {
   std::unique_ptr<QCoreApplication> application;
   {
     const vantrel::dialogs::DisplayWatch watch("vantrel-printer", "--headless needs none.");
-    application = std::make_unique<QApplication>(argc, argv);
+    application = std::make_unique<WindowApplication>(argc, argv);
   }
   vantrel::dialogs::IdentifyApplication("vantrel-printer");
   return application;
@@ -129,7 +157,7 @@ int PassThrough(const vantrel::app::PrinterOptions& options) {
   recorder.SetLine({options.through, {}});
   vantrel::log::ThroughServer server(options.through, LinesOf(options)(), recorder);
   Capture capture(options);
-  vantrel::dialogs::WindowFileChooser files;
+  WindowHelpers helpers;
   std::unique_ptr<vantrel::log::FrmThrough> form;
   std::optional<vantrel::log::LogPrinter> printer;
   if (options.headless) {
@@ -137,7 +165,7 @@ int PassThrough(const vantrel::app::PrinterOptions& options) {
   } else {
     form = std::make_unique<vantrel::log::FrmThrough>(QString::fromStdString(server.DevicePath()),
                                                       QFile::decodeName(options.through.c_str()),
-                                                      recorder, files);
+                                                      recorder, helpers.All());
     form->show();
   }
   bool gone = false;
@@ -186,11 +214,11 @@ int Replay(const vantrel::app::PrinterOptions& options) {
   Capture capture(options);
   QObject::connect(&server, &vantrel::log::PlaybackServer::Unexpected, &server,
                    [](const QString& words) { Complain(words.toStdString()); });
-  vantrel::dialogs::WindowFileChooser files;
+  WindowHelpers helpers;
   std::unique_ptr<vantrel::log::FrmPlayback> form;
   if (!options.headless) {
     form = std::make_unique<vantrel::log::FrmPlayback>(QFile::decodeName(options.replay.c_str()),
-                                                       server, recorder, files);
+                                                       server, recorder, helpers.All());
     form->show();
   }
   vantrel::printer::PrinterScript script(server, recorder);
@@ -222,10 +250,11 @@ int Serve(const vantrel::app::PrinterOptions& options) {
   vantrel::printer::PrinterServer server(model, LinesOf(options));
   Capture capture(options);
   if (options.card) server.InsertCard();
-  vantrel::dialogs::WindowFileChooser files;
+  WindowHelpers helpers;
+  QSettings settings("vantrel", "vantrel-printer");
   std::unique_ptr<vantrel::printer::FrmPrinter> form;
   if (!options.headless) {
-    form = std::make_unique<vantrel::printer::FrmPrinter>(model, server, files);
+    form = std::make_unique<vantrel::printer::FrmPrinter>(model, server, helpers.All(), &settings);
     form->ShowMissingFonts(missing_fonts);
     form->show();
   }

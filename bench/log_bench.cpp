@@ -1,22 +1,54 @@
 // What does one more entry cost the log of the line and its table, with none and with a million in
 // it? And what do the words of a frame cost?
 
+#include "dialogs/dialogs.h"
+#include "dialogs/file_chooser.h"
+#include "dialogs/guard.h"
 #include "link/frame.h"
 #include "log/line_recorder.h"
 #include "log/log_model.h"
+#include "log/log_panel.h"
 #include "protocol/frame.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QTableView>
+#include <QTimer>
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <functional>
 #include <string>
 
 namespace vantrel::bench {
 namespace {
 
 const QByteArray kFrame = QByteArray::fromHex("02210322");
+
+// A panel that is only filtered asks and tells nothing.
+class NoDialogs : public dialogs::Dialogs {
+ public:
+  dialogs::Answer MsgBox(const std::string&, dialogs::Buttons, const std::string&,
+                         dialogs::Icon) override {
+    return dialogs::Answer::kOk;
+  }
+  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
+    return {};
+  }
+};
+
+class NoFiles : public dialogs::FileChooser {
+ public:
+  QString SaveName(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
+  QString OpenName(QWidget*, const QString&, const QString&) override { return {}; }
+};
+
+class NoGuard : public dialogs::Guard {
+ public:
+  void Run(const std::function<void()>& work) override { work(); }
+};
 
 // An entry into a log that holds as many as the argument says.
 void AddAnEntry(benchmark::State& state) {
@@ -63,6 +95,46 @@ void FilterAMillion(benchmark::State& state) {
   }
 }
 BENCHMARK(FilterAMillion)->Unit(benchmark::kMillisecond);
+
+// The longest that an event waits while a filter is set over a million entries in the log's panel,
+// and while it is taken away again.
+void HoldWhileFiltering(benchmark::State& state) {
+  NoDialogs dialogs;
+  NoFiles files;
+  NoGuard guard;
+  log::LineRecorder recorder;
+  for (int i = 0; i < 1000000; ++i) recorder.Record(protocol::Direction::kFromConsole, kFrame);
+  log::LogPanel panel(recorder, {dialogs, files, guard});
+  panel.resize(1000, 300);
+  panel.show();
+  auto* filter = panel.findChild<QLineEdit*>("TxtLogFilter");
+  auto* table = panel.findChild<QTableView*>("TxtLog");
+  const auto settle = [&](int rows) {
+    double longest = 0;
+    QElapsedTimer since;
+    QTimer beat;
+    since.start();
+    QObject::connect(&beat, &QTimer::timeout, &beat, [&] {
+      longest = std::max(longest, static_cast<double>(since.nsecsElapsed()) / 1e6);
+      since.restart();
+    });
+    beat.start(0);
+    filter->setText(filter->text().isEmpty() ? "21h" : "");
+    while (table->model()->rowCount() != rows) QApplication::processEvents();
+    for (int turn = 0; turn < 10; ++turn) QApplication::processEvents();
+    return longest;
+  };
+  for (int turn = 0; turn < 10; ++turn) QApplication::processEvents();
+  double set = 0;
+  double taken = 0;
+  for (auto _ : state) {
+    set = std::max(set, settle(1000000));
+    taken = std::max(taken, settle(1000000));
+  }
+  state.counters["set_ms"] = set;
+  state.counters["taken_ms"] = taken;
+}
+BENCHMARK(HoldWhileFiltering)->Iterations(3)->Unit(benchmark::kMillisecond);
 
 void PutAFrameIntoWords(benchmark::State& state) {
   const std::string content = "A2,0,47,Test Print";

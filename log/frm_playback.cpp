@@ -10,7 +10,7 @@
 namespace vantrel::log {
 
 FrmPlayback::FrmPlayback(const QString& path, const PlaybackServer& server, LineRecorder& recorder,
-                         dialogs::FileChooser& files, QWidget* parent)
+                         dialogs::Helpers helpers, QWidget* parent)
     : QWidget(parent),
       server_(server),
       LblDevice(MakeLabel("LblDevice")),
@@ -18,7 +18,8 @@ FrmPlayback::FrmPlayback(const QString& path, const PlaybackServer& server, Line
       LblUnexpected(MakeLabel("LblUnexpected")) {
   setObjectName("FrmPlayback");
   setWindowTitle(tr("Playing back %1").arg(QFileInfo(path).fileName()));
-  LblDevice->setText(tr("The console opens %1.").arg(QString::fromStdString(server.DevicePath())));
+  const QString device = QString::fromStdString(server.DevicePath());
+  LblDevice->setText(tr("The console opens %1.").arg(device));
   QFont bold = LblDevice->font();
   bold.setBold(true);
   LblDevice->setFont(bold);
@@ -29,7 +30,9 @@ FrmPlayback::FrmPlayback(const QString& path, const PlaybackServer& server, Line
   layout->addWidget(LblDevice);
   layout->addWidget(LblPlayed);
   layout->addWidget(LblUnexpected);
-  layout->addWidget(new LogPanel(recorder, files, this), 1);
+  auto* log = new LogPanel(recorder, helpers, this);
+  log->SetEmptyText(tr("Nothing on the line yet. A console opens %1.").arg(device));
+  layout->addWidget(log, 1);
   resize(940, 500);
   connect(&server, &PlaybackServer::Advanced, this, &FrmPlayback::ShowState);
   connect(&server, &PlaybackServer::Unexpected, this, [this](const QString& words) {

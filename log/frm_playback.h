@@ -1,12 +1,10 @@
 #pragma once
 
+#include "dialogs/helpers.h"
+
 #include <QWidget>
 
 class QLabel;
-
-namespace vantrel::dialogs {
-class FileChooser;
-}
 
 namespace vantrel::log {
 
@@ -18,9 +16,9 @@ class FrmPlayback : public QWidget {
   Q_OBJECT
 
  public:
-  // `path` names the capture. Server, recorder and chooser must outlive the form.
+  // `path` names the capture. Server, recorder and helpers must outlive the form.
   FrmPlayback(const QString& path, const PlaybackServer& server, LineRecorder& recorder,
-              dialogs::FileChooser& files, QWidget* parent = nullptr);
+              dialogs::Helpers helpers, QWidget* parent = nullptr);
 
  private:
   QLabel* MakeLabel(const char* name);

@@ -8,7 +8,7 @@
 namespace vantrel::log {
 
 FrmThrough::FrmThrough(const QString& console_device, const QString& printer_device,
-                       LineRecorder& recorder, dialogs::FileChooser& files, QWidget* parent)
+                       LineRecorder& recorder, dialogs::Helpers helpers, QWidget* parent)
     : QWidget(parent), LblThrough(new QLabel(this)) {
   setObjectName("FrmThrough");
   setWindowTitle(tr("Line to %1").arg(printer_device));
@@ -24,7 +24,9 @@ FrmThrough::FrmThrough(const QString& console_device, const QString& printer_dev
   layout->setContentsMargins(12, 12, 12, 12);
   layout->setSpacing(8);
   layout->addWidget(LblThrough);
-  layout->addWidget(new LogPanel(recorder, files, this), 1);
+  auto* log = new LogPanel(recorder, helpers, this);
+  log->SetEmptyText(tr("Nothing on the line yet. A console opens %1.").arg(console_device));
+  layout->addWidget(log, 1);
   resize(940, 500);
 }
 

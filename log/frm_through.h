@@ -1,12 +1,10 @@
 #pragma once
 
+#include "dialogs/helpers.h"
+
 #include <QWidget>
 
 class QLabel;
-
-namespace vantrel::dialogs {
-class FileChooser;
-}
 
 namespace vantrel::log {
 
@@ -19,9 +17,9 @@ class FrmThrough : public QWidget {
 
  public:
   // `console_device` is what the console opens, `printer_device` the real printer's. The recorder
-  // and the chooser must outlive the form.
+  // and the helpers must outlive the form.
   FrmThrough(const QString& console_device, const QString& printer_device, LineRecorder& recorder,
-             dialogs::FileChooser& files, QWidget* parent = nullptr);
+             dialogs::Helpers helpers, QWidget* parent = nullptr);
 
   // Tells that nothing is passed on any more, and why; the log stays.
   void TellEnd(const QString& reason);

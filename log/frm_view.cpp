@@ -1,6 +1,7 @@
 #include "log/frm_view.h"
 
 #include "log/log_table.h"
+#include "log/row_seeker.h"
 #include "log/view_model.h"
 
 #include <QApplication>
@@ -36,8 +37,6 @@ using namespace std::chrono_literals;
 
 // Reading that takes longer shows how far it is.
 constexpr int kPatience = 1000;  // milliseconds
-// How long rows are looked through before events run again.
-constexpr int kSeekTime = 15;  // milliseconds
 // How long a file that grows is let grow before the lines are aligned anew.
 constexpr auto kAlignDelay = 500ms;
 
@@ -83,8 +82,16 @@ FrmView::FrmView(const QStringList& paths, QWidget* parent) : QWidget(parent) {
   MakeShortcuts();
   align_later_.setSingleShot(true);
   connect(&align_later_, &QTimer::timeout, this, &FrmView::Align);
-  seek_later_.setSingleShot(true);
-  connect(&seek_later_, &QTimer::timeout, this, &FrmView::SeekPortion);
+  seeker_ = new RowSeeker(*model_, this);
+  connect(seeker_, &RowSeeker::Found, this, [this](int row) {
+    GoTo(row);
+    ShowState();
+  });
+  connect(seeker_, &RowSeeker::NotFound, this, [this](bool forward) {
+    LblView->setText(sought_.isEmpty() ? (forward ? tr("There is no further difference.")
+                                                  : tr("There is no difference before."))
+                                       : tr("\"%1\" was not found.").arg(sought_));
+  });
   resize(SideCount() > 1 ? 1400 : 1000, 600);
   for (std::size_t i = 0; i < SideCount(); ++i) Open(i, paths[static_cast<qsizetype>(i)]);
 }
@@ -332,34 +339,13 @@ void FrmView::Seek(bool forward, const QString& text) {
   const int from =
       TxtView->currentIndex().isValid() ? TxtView->currentIndex().row() : (forward ? -1 : rows);
   sought_ = text;
-  seeks_forward_ = forward;
-  seek_at_ = from;
   // A text is sought round the end, a difference is not.
-  seek_left_ = !text.isEmpty() ? rows : (forward ? rows - 1 - from : from);
-  SeekPortion();
-}
-
-void FrmView::SeekPortion() {
-  QElapsedTimer elapsed;
-  elapsed.start();
-  const int rows = model_->rowCount();
-  for (; seek_left_ > 0 && rows > 0; --seek_left_) {
-    if (elapsed.elapsed() >= kSeekTime) {
-      seek_later_.start(0);
-      return;
-    }
-    seek_at_ = (seek_at_ + (seeks_forward_ ? 1 : rows - 1)) % rows;
-    const bool found = sought_.isEmpty() ? model_->DifferenceOf(seek_at_) != Difference::kNone
-                                         : model_->Holds(seek_at_, sought_);
-    if (found) {
-      GoTo(seek_at_);
-      ShowState();
-      return;
-    }
+  if (text.isEmpty()) {
+    seeker_->Seek(forward, from, forward ? rows - 1 - from : from,
+                  [this](int row) { return model_->DifferenceOf(row) != Difference::kNone; });
+  } else {
+    seeker_->SeekRound(forward, from, [this](int row) { return model_->Holds(row, sought_); });
   }
-  LblView->setText(sought_.isEmpty() ? (seeks_forward_ ? tr("There is no further difference.")
-                                                       : tr("There is no difference before."))
-                                     : tr("\"%1\" was not found.").arg(sought_));
 }
 
 void FrmView::GoTo(int row) {

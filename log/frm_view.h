@@ -25,6 +25,7 @@ class QTableView;
 
 namespace vantrel::log {
 
+class RowSeeker;
 class ViewModel;
 
 // The window of one capture, or of two side by side with their differences. It shows what has been
@@ -72,7 +73,6 @@ class FrmView : public QWidget {
   // The next row, from the one chosen on, of which `is_sought`; in portions, between which events
   // run.
   void Seek(bool forward, const QString& text);
-  void SeekPortion();
   void CmdCopyView_Click();
   std::size_t SideCount() const { return sides_.size(); }
 
@@ -85,11 +85,8 @@ class FrmView : public QWidget {
   bool went_in_step_ = false;
   QTimer align_later_;
   QElapsedTimer reading_since_;
-  QTimer seek_later_;
+  RowSeeker* seeker_ = nullptr;
   QString sought_;  // empty for a difference
-  bool seeks_forward_ = true;
-  int seek_at_ = 0;
-  int seek_left_ = 0;
 
   QLabel* LblFiles = nullptr;
   QLabel* LblView = nullptr;

@@ -1,11 +1,11 @@
 #include "log/log_model.h"
 
 #include <QColor>
+#include <QElapsedTimer>
 #include <QFont>
 #include <QFontDatabase>
 
 #include <algorithm>
-#include <limits>
 #include <string>
 
 namespace vantrel::log {
@@ -13,8 +13,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Few enough that no event has to wait long.
-constexpr std::size_t kPortion = 2000;
+// How long entries are looked through before events run again.
+constexpr auto kLookTime = 15ms;
 // Characters of a cell; the whole is in what is copied or saved.
 constexpr std::size_t kMostInCell = 600;
 
@@ -24,6 +24,13 @@ QString Shortened(std::string text) {
     text += " ...";
   }
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+// What was told beside an entry's bytes, as the meaning ends with it: " · fault: status 22".
+QString CommentOf(const LogEntry& entry) {
+  if (entry.comment.empty()) return {};
+  return QStringLiteral(" \u00B7 ") +
+         QString::fromStdString(entry.comment).replace('\n', QStringLiteral("; "));
 }
 
 }  // namespace
@@ -39,7 +46,7 @@ QString ColumnText(const LogEntry& entry, int column) {
     case LogModel::kCharacters:
       return Shortened(CharactersOf(entry));
     case LogModel::kMeaning:
-      return Shortened(MeaningOf(entry));
+      return Shortened(MeaningOf(entry)) + CommentOf(entry);
     default:
       return {};
   }
@@ -49,6 +56,8 @@ QString ColumnName(int column) {
   switch (column) {
     case LogModel::kTime:
       return LogModel::tr("Time");
+    case LogModel::kSince:
+      return LogModel::tr("Since");
     case LogModel::kDirection:
       return LogModel::tr("Direction");
     case LogModel::kHex:
@@ -72,14 +81,17 @@ bool EntryHolds(const LogEntry& entry, const QString& text) {
         .contains(text, Qt::CaseInsensitive);
   };
   return holds(MeaningOf(entry)) || holds(HexOf(entry)) || holds(CharactersOf(entry)) ||
-         holds(TimeInWords(entry.time));
+         holds(TimeInWords(entry.time)) || CommentOf(entry).contains(text, Qt::CaseInsensitive);
 }
 
 LogModel::LogModel(LineRecorder& recorder, QObject* parent)
     : QAbstractTableModel(parent), recorder_(recorder) {
   later_.setSingleShot(true);
   connect(&later_, &QTimer::timeout, this, [this]() noexcept {
-    if (TakePortion(kPortion)) later_.start(0);
+    if (TakePortion(kLookTime))
+      later_.start(0);
+    else if (IsFiltered())
+      emit Looked();
   });
   connect(&recorder_, &LineRecorder::Recorded, this, [this] {
     if (!later_.isActive()) later_.start(30ms);
@@ -97,7 +109,31 @@ void LogModel::SetText(const QString& text) {
   Restart();
 }
 
-void LogModel::CatchUp() { TakePortion(std::numeric_limits<std::size_t>::max()); }
+void LogModel::SetPaused(bool paused) {
+  if (paused == paused_at_.has_value()) return;
+  if (!paused) {
+    paused_at_.reset();
+    later_.start(0);
+    return;
+  }
+  paused_at_ = recorder_.Log().End();
+}
+
+std::size_t LogModel::HeldBack() const { return recorder_.Log().End() - End(); }
+
+std::size_t LogModel::End() const {
+  const LineLog& log = recorder_.Log();
+  return std::max(log.First(), std::min(log.End(), paused_at_.value_or(log.End())));
+}
+
+std::size_t LogModel::SettledEnd() const { return std::min(End(), recorder_.Log().Settled()); }
+
+bool LogModel::Holds(int row, const QString& text) const {
+  const LogEntry* entry = EntryOf(row);
+  return entry != nullptr && EntryHolds(*entry, text);
+}
+
+void LogModel::CatchUp() { TakePortion(std::chrono::milliseconds::max()); }
 
 const LogEntry* LogModel::EntryOf(int row) const {
   if (row < 0 || row >= rowCount()) return nullptr;
@@ -117,6 +153,8 @@ int LogModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant LogModel::data(const QModelIndex& index, int role) const {
+  if (role == Qt::TextAlignmentRole && index.column() == kSince)
+    return QVariant(Qt::AlignRight | Qt::AlignVCenter);
   if (role == Qt::FontRole) {
     if (index.column() == kMeaning) return {};
     static const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -124,7 +162,12 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
   }
   if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
   const LogEntry* entry = EntryOf(index.row());
-  return entry != nullptr ? ColumnText(*entry, index.column()) : QVariant();
+  if (entry == nullptr) return {};
+  if (index.column() != kSince) return ColumnText(*entry, index.column());
+  const LogEntry* before = EntryOf(index.row() - 1);
+  if (before == nullptr) return {};
+  return QString::asprintf("%+.3f s",
+                           std::chrono::duration<double>(entry->time - before->time).count());
 }
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -140,13 +183,13 @@ void LogModel::Restart() {
   beginResetModel();
   matches_.clear();
   first_ = recorder_.Log().First();
-  end_ = IsFiltered() ? first_ : recorder_.Log().End();
-  settled_ = recorder_.Log().Settled();
+  end_ = IsFiltered() ? first_ : End();
+  settled_ = SettledEnd();
   endResetModel();
   if (IsFiltered()) later_.start(0);
 }
 
-bool LogModel::TakePortion(std::size_t most) {
+bool LogModel::TakePortion(std::chrono::milliseconds time) {
   DropOldest();
   const LineLog& log = recorder_.Log();
   if (!IsFiltered()) {
@@ -154,16 +197,19 @@ bool LogModel::TakePortion(std::size_t most) {
     if (settled_ < end_)
       emit dataChanged(index(static_cast<int>(settled_ - first_), kHex),
                        index(static_cast<int>(end_ - first_) - 1, kMeaning));
-    if (log.End() > end_) {
-      beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(log.End() - end_) - 1);
-      end_ = log.End();
+    if (const std::size_t end = End(); end > end_) {
+      beginInsertRows({}, rowCount(), rowCount() + static_cast<int>(end - end_) - 1);
+      end_ = end;
       endInsertRows();
     }
-    settled_ = log.Settled();
+    settled_ = SettledEnd();
     return false;
   }
+  QElapsedTimer elapsed;
+  elapsed.start();
   std::deque<std::size_t> found;
-  for (; end_ < log.Settled() && most > 0; ++end_, --most) {
+  const std::size_t end = SettledEnd();
+  for (; end_ < end && !elapsed.hasExpired(time.count()); ++end_) {
     if (Matches(log.At(end_))) found.push_back(end_);
   }
   if (!found.empty()) {
@@ -171,7 +217,7 @@ bool LogModel::TakePortion(std::size_t most) {
     matches_.insert(matches_.end(), found.begin(), found.end());
     endInsertRows();
   }
-  return end_ < log.Settled();
+  return end_ < end;
 }
 
 void LogModel::DropOldest() {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <chrono>
 #include <cstddef>
 #include <deque>
 #include <functional>
@@ -20,7 +21,8 @@ class LogModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  enum Column { kTime, kDirection, kHex, kCharacters, kMeaning, kColumns };
+  // kSince is the time since the row before, which no entry knows by itself.
+  enum Column { kTime, kDirection, kHex, kCharacters, kMeaning, kSince, kColumns };
 
   // `recorder` must outlive the model.
   explicit LogModel(LineRecorder& recorder, QObject* parent = nullptr);
@@ -29,6 +31,14 @@ class LogModel : public QAbstractTableModel {
   void SetDirection(std::optional<protocol::Direction> direction);
   // Shows entries alone of which a column holds the text, whatever its case.
   void SetText(const QString& text);
+  // Shows nothing that comes from now on, until it is told to go on.
+  void SetPaused(bool paused);
+  // Entries that have come since it was paused.
+  std::size_t HeldBack() const;
+  // Whether entries are still being looked through for those that match.
+  bool IsLooking() const { return IsFiltered() && end_ < SettledEnd(); }
+  // Whether a column of the row holds the text.
+  bool Holds(int row, const QString& text) const;
   // Shows all that the log holds by now, at once. Under a filter a group that may still grow waits
   // until it is complete.
   void CatchUp();
@@ -41,12 +51,19 @@ class LogModel : public QAbstractTableModel {
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+ signals:
+  // The last entry has been looked at.
+  void Looked();
+
  private:
+  // Where entries end, and those that change no more, that may be shown.
+  std::size_t End() const;
+  std::size_t SettledEnd() const;
   bool IsFiltered() const { return direction_.has_value() || !text_.isEmpty(); }
   bool Matches(const LogEntry& entry) const;
   void Restart();
-  // Takes over a portion of what is new; false when there is more.
-  bool TakePortion(std::size_t most);
+  // Takes over what is new, for about so long where it is filtered; true when there is more.
+  bool TakePortion(std::chrono::milliseconds time);
   void DropOldest();
 
   LineRecorder& recorder_;
@@ -56,11 +73,12 @@ class LogModel : public QAbstractTableModel {
   std::size_t first_ = 0;
   std::size_t end_ = 0;
   std::size_t settled_ = 0;
+  std::optional<std::size_t> paused_at_;
   std::deque<std::size_t> matches_;
   QTimer later_;
 };
 
-// The text of a column of an entry, as the table shows it.
+// The text of a column of an entry, as the table shows it; of every column but kSince.
 QString ColumnText(const LogEntry& entry, int column);
 QString ColumnName(int column);
 // What a table tells of a column of this name.

@@ -1,11 +1,15 @@
 #include "log/log_panel.h"
 
+#include "dialogs/dialogs.h"
 #include "dialogs/file_chooser.h"
+#include "dialogs/guard.h"
 #include "log/line_recorder.h"
 #include "log/log_model.h"
 #include "log/log_table.h"
+#include "log/row_seeker.h"
 #include "log/save_log.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -25,10 +29,16 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <initializer_list>
 #include <string>
 
 namespace vantrel::log {
+
+using dialogs::GuardedSlot;
+
 namespace {
+
+constexpr int kSpacing = 6;
 
 QString Lines(qsizetype count) {
   return count == 1 ? LogPanel::tr("1 line") : LogPanel::tr("%L1 lines").arg(count);
@@ -36,23 +46,45 @@ QString Lines(qsizetype count) {
 
 }  // namespace
 
-LogPanel::LogPanel(LineRecorder& recorder, dialogs::FileChooser& files, QWidget* parent)
-    : QWidget(parent), recorder_(recorder), files_(files), model_(new LogModel(recorder, this)) {
-  MakeTable();
+LogPanel::LogPanel(LineRecorder& recorder, dialogs::Helpers helpers, QWidget* parent)
+    : QWidget(parent),
+      recorder_(recorder),
+      helpers_(helpers),
+      model_(new LogModel(recorder, this)),
+      seeker_(new RowSeeker(*model_, this)),
+      empty_text_(tr("Nothing on the line yet.")) {
+  LblLog = new QLabel(this);
+  LblLog->setObjectName("LblLog");
+  LblLog->setTextFormat(Qt::PlainText);
+  LblLog->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
-  layout->setSpacing(6);
-  layout->addWidget(MakeBar());
+  layout->setSpacing(kSpacing);
+  layout->addLayout(MakeBar());
+  MakeTable();
   layout->addWidget(TxtLog, 1);
-  connect(model_, &LogModel::rowsInserted, this, [this] {
+  layout->addWidget(LblLog);
+  const auto show = GuardedSlot(helpers_.guard, [this] {
     Follow();
     ShowCount();
   });
-  connect(model_, &LogModel::rowsRemoved, this, &LogPanel::ShowCount);
-  connect(model_, &LogModel::modelReset, this, [this] {
-    Follow();
-    ShowCount();
-  });
+  connect(model_, &LogModel::rowsInserted, this, show);
+  connect(model_, &LogModel::modelReset, this, show);
+  connect(model_, &LogModel::rowsRemoved, this, show);
+  connect(model_, &LogModel::Looked, this, show);
+  // The model tells of nothing that it holds back.
+  connect(&recorder_, &LineRecorder::Recorded, this, GuardedSlot(helpers_.guard, [this] {
+    if (ChkPause->isChecked()) ShowCount();
+  }));
+  connect(seeker_, &RowSeeker::Found, this,
+          GuardedSlot(helpers_.guard, [this](int row) { GoTo(row); }));
+  connect(seeker_, &RowSeeker::NotFound, this, GuardedSlot(helpers_.guard, [this] {
+            Tell(tr("\"%1\" was not found.").arg(TxtLogFind->text()));
+          }));
+  act_find_ = MakeAction(tr("&Find in the log"), QKeySequence::Find, &LogPanel::BeginFind);
+  act_next_ = MakeAction(tr("Find &next"), Qt::Key_F3, &LogPanel::CmdFindNext_Click);
+  act_back_ =
+      MakeAction(tr("Find &previous"), Qt::SHIFT | Qt::Key_F3, &LogPanel::CmdFindBack_Click);
   ShowCount();
 }
 
@@ -61,14 +93,31 @@ void LogPanel::Tell(const QString& message) {
   LblLog->setToolTip(message);
 }
 
+void LogPanel::SetEmptyText(const QString& text) {
+  empty_text_ = text;
+  ShowWhyEmpty();
+}
+
+int LogPanel::HeightFor(int rows) const {
+  const int frame = 2 * TxtLog->frameWidth();
+  return sizeHint().height() - TxtLog->sizeHint().height() + frame +
+         TxtLog->horizontalHeader()->sizeHint().height() +
+         rows * TxtLog->verticalHeader()->defaultSectionSize() +
+         TxtLog->horizontalScrollBar()->sizeHint().height();
+}
+
+QHeaderView* LogPanel::Columns() const { return TxtLog->horizontalHeader(); }
+
 bool LogPanel::eventFilter(QObject* watched, QEvent* event) {
   if (watched == TxtLog && event->type() == QEvent::KeyPress &&
       static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
-    CmdCopyLog_Click();
+    helpers_.guard.Run([this] { CmdCopyLog_Click(); });
     return true;
   }
-  if (watched == TxtLog->viewport() && event->type() == QEvent::Resize)
-    QTimer::singleShot(0, this, &LogPanel::Follow);
+  if (watched == TxtLog->viewport() && event->type() == QEvent::Resize) {
+    LblLogEmpty->setGeometry(TxtLog->viewport()->rect());
+    QTimer::singleShot(0, this, GuardedSlot(helpers_.guard, [this] { Follow(); }));
+  }
   // Someone who looks at earlier lines is not to be pulled away from them.
   if (watched == TxtLog->viewport() && event->type() == QEvent::Wheel &&
       static_cast<QWheelEvent*>(event)->angleDelta().y() > 0)
@@ -76,58 +125,92 @@ bool LogPanel::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-QWidget* LogPanel::MakeBar() {
-  auto* bar = new QWidget(this);
-  ChkFollow = new QCheckBox(tr("F&ollow"), bar);
+QLineEdit* LogPanel::MakeEdit(const char* name, const QString& words, const QString& tip) {
+  auto* edit = new QLineEdit(this);
+  edit->setObjectName(name);
+  edit->setPlaceholderText(words);
+  edit->setAccessibleName(words);
+  edit->setAccessibleDescription(tip);
+  edit->setToolTip(tip);
+  edit->setClearButtonEnabled(true);
+  edit->setMinimumWidth(90);
+  edit->setMaximumWidth(260);
+  return edit;
+}
+
+QPushButton* LogPanel::MakeButton(const char* name, const QString& caption, const QString& tip,
+                                  void (LogPanel::*click)()) {
+  auto* button = new QPushButton(caption, this);
+  button->setObjectName(name);
+  button->setToolTip(tip);
+  button->setAutoDefault(false);
+  // Narrower than a style wants buttons to be: there are many in the bar.
+  button->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + 16);
+  connect(button, &QPushButton::clicked, this,
+          GuardedSlot(helpers_.guard, [this, click] { (this->*click)(); }));
+  return button;
+}
+
+QAction* LogPanel::MakeAction(const QString& caption, const QKeySequence& keys,
+                              void (LogPanel::*act)()) {
+  auto* action = new QAction(caption, this);
+  action->setShortcut(keys);
+  connect(action, &QAction::triggered, this,
+          GuardedSlot(helpers_.guard, [this, act] { (this->*act)(); }));
+  addAction(action);
+  return action;
+}
+
+QHBoxLayout* LogPanel::MakeBar() {
+  ChkFollow = new QCheckBox(tr("Follo&w"), this);
   ChkFollow->setObjectName("ChkFollow");
   ChkFollow->setToolTip(tr("Keeps the newest line in sight."));
   ChkFollow->setChecked(true);
-  connect(ChkFollow, &QCheckBox::toggled, this, &LogPanel::Follow);
-  CmbLogDirection = new QComboBox(bar);
+  connect(ChkFollow, &QCheckBox::toggled, this, GuardedSlot(helpers_.guard, [this] { Follow(); }));
+  ChkPause = new QCheckBox(tr("P&ause"), this);
+  ChkPause->setObjectName("ChkPause");
+  ChkPause->setToolTip(tr("Shows nothing new; it is recorded, and shown afterwards."));
+  connect(ChkPause, &QCheckBox::toggled, this,
+          GuardedSlot(helpers_.guard, [this](bool paused) { ChkPause_Click(paused); }));
+  CmbLogDirection = new QComboBox(this);
   CmbLogDirection->setObjectName("CmbLogDirection");
   CmbLogDirection->addItems({tr("Both ways"), tr("Received"), tr("Sent")});
   CmbLogDirection->setAccessibleName(tr("Direction of the lines shown"));
-  connect(CmbLogDirection, &QComboBox::currentIndexChanged, this, &LogPanel::CmbLogDirection_Click);
-  TxtLogFilter = new QLineEdit(bar);
-  TxtLogFilter->setObjectName("TxtLogFilter");
-  TxtLogFilter->setPlaceholderText(tr("Filter"));
-  TxtLogFilter->setAccessibleName(tr("Filter"));
-  TxtLogFilter->setToolTip(tr("Shows the lines alone that hold this text in any column."));
-  TxtLogFilter->setClearButtonEnabled(true);
-  TxtLogFilter->setMinimumWidth(160);
-  TxtLogFilter->setMaximumWidth(260);
+  connect(CmbLogDirection, &QComboBox::currentIndexChanged, this,
+          GuardedSlot(helpers_.guard, [this](int index) { CmbLogDirection_Click(index); }));
+  TxtLogFilter = MakeEdit("TxtLogFilter", tr("Filter"),
+                          tr("Shows the lines alone that hold this text in any column."));
   connect(TxtLogFilter, &QLineEdit::textChanged, this,
-          [this](const QString& text) { model_->SetText(text.trimmed()); });
-  LblLog = new QLabel(bar);
-  LblLog->setObjectName("LblLog");
-  LblLog->setTextFormat(Qt::PlainText);
-  LblLog->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  const auto button = [this, bar](const char* name, const QString& caption, const QString& tip,
-                                  void (LogPanel::*click)()) {
-    auto* made = new QPushButton(caption, bar);
-    made->setObjectName(name);
-    made->setToolTip(tip);
-    made->setAutoDefault(false);
-    connect(made, &QPushButton::clicked, this, click);
-    return made;
-  };
-  CmdCopyLog = button("CmdCopyLog", tr("Cop&y"), tr("Copies the selected lines, or all."),
-                      &LogPanel::CmdCopyLog_Click);
-  CmdSaveLog = button("CmdSaveLog", tr("&Save log..."), tr("Saves the whole log as text or CSV."),
-                      &LogPanel::CmdSaveLog_Click);
-  CmdClearLog =
-      button("CmdClearLog", tr("Clea&r"), tr("Empties the log."), &LogPanel::CmdClearLog_Click);
-
-  auto* layout = new QHBoxLayout(bar);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(ChkFollow);
-  layout->addWidget(CmbLogDirection);
-  layout->addWidget(TxtLogFilter, 1);
-  layout->addWidget(LblLog, 2);
-  layout->addWidget(CmdCopyLog);
-  layout->addWidget(CmdSaveLog);
-  layout->addWidget(CmdClearLog);
+          GuardedSlot(helpers_.guard,
+                      [this](const QString& text) { model_->SetText(text.trimmed()); }));
+  auto* bar = new QHBoxLayout;
+  for (QWidget* widget : std::initializer_list<QWidget*>{ChkFollow, ChkPause, CmbLogDirection})
+    bar->addWidget(widget);
+  bar->addWidget(TxtLogFilter, 1);
+  MakeSearch(*bar);
+  bar->addStretch(1);
+  bar->addWidget(MakeButton("CmdCopyLog", tr("Cop&y"), tr("Copies the selected lines, or all."),
+                            &LogPanel::CmdCopyLog_Click));
+  bar->addWidget(MakeButton("CmdSaveLog", tr("&Save log..."),
+                            tr("Saves the whole log as text, CSV or a capture."),
+                            &LogPanel::CmdSaveLog_Click));
+  bar->addWidget(
+      MakeButton("CmdClearLog", tr("Clear"), tr("Empties the log."), &LogPanel::CmdClearLog_Click));
   return bar;
+}
+
+void LogPanel::MakeSearch(QHBoxLayout& bar) {
+  TxtLogFind = MakeEdit("TxtLogFind", tr("Find"), tr("Finds this text in any column (Ctrl+F)."));
+  connect(TxtLogFind, &QLineEdit::returnPressed, this,
+          GuardedSlot(helpers_.guard, [this] { Seek(true); }));
+  CmdFindBack = MakeButton("CmdFindBack", tr("Previous"), tr("Finds backwards (Shift+F3)."),
+                           &LogPanel::CmdFindBack_Click);
+  CmdFindNext = MakeButton("CmdFindNext", tr("Next"), tr("Finds forwards (F3)."),
+                           &LogPanel::CmdFindNext_Click);
+  bar.addWidget(TxtLogFind, 1);
+  bar.addWidget(CmdFindBack);
+  bar.addWidget(CmdFindNext);
 }
 
 void LogPanel::MakeTable() {
@@ -139,10 +222,19 @@ void LogPanel::MakeTable() {
   const QFontMetrics fixed(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   QHeaderView* columns = TxtLog->horizontalHeader();
   const int margin = 16;
+  columns->moveSection(LogModel::kSince, LogModel::kTime + 1);
   columns->resizeSection(LogModel::kTime, fixed.horizontalAdvance("00:00:00.000") + margin);
+  columns->resizeSection(LogModel::kSince, fixed.horizontalAdvance("+000.000 s") + margin);
   columns->resizeSection(LogModel::kDirection, fixed.horizontalAdvance("received ") + margin);
   columns->resizeSection(LogModel::kHex, fixed.horizontalAdvance('0') * 32 + margin);
   columns->resizeSection(LogModel::kCharacters, fixed.horizontalAdvance('0') * 18 + margin);
+  LblLogEmpty = new QLabel(TxtLog->viewport());
+  LblLogEmpty->setObjectName("LblLogEmpty");
+  LblLogEmpty->setTextFormat(Qt::PlainText);
+  LblLogEmpty->setWordWrap(true);
+  LblLogEmpty->setAlignment(Qt::AlignCenter);
+  LblLogEmpty->setForegroundRole(QPalette::Text);
+  LblLogEmpty->setAttribute(Qt::WA_TransparentForMouseEvents);
   TxtLog->installEventFilter(this);
   TxtLog->viewport()->installEventFilter(this);
 }
@@ -154,6 +246,32 @@ void LogPanel::CmbLogDirection_Click(int index) {
     model_->SetDirection(protocol::Direction::kFromPrinter);
   else
     model_->SetDirection({});
+}
+
+void LogPanel::ChkPause_Click(bool paused) {
+  model_->SetPaused(paused);
+  ShowCount();
+}
+
+void LogPanel::BeginFind() {
+  TxtLogFind->setFocus();
+  TxtLogFind->selectAll();
+}
+
+void LogPanel::Seek(bool forward) {
+  const QString text = TxtLogFind->text();
+  if (text.isEmpty()) return BeginFind();
+  const int rows = model_->rowCount();
+  const QModelIndex current = TxtLog->currentIndex();
+  const int from = current.isValid() ? current.row() : (forward ? -1 : rows);
+  seeker_->SeekRound(forward, from, [this, text](int row) { return model_->Holds(row, text); });
+}
+
+void LogPanel::GoTo(int row) {
+  ChkFollow->setChecked(false);
+  TxtLog->setCurrentIndex(model_->index(row, LogModel::kTime));
+  TxtLog->scrollTo(TxtLog->currentIndex(), QAbstractItemView::PositionAtCenter);
+  ShowCount();
 }
 
 void LogPanel::CmdCopyLog_Click() {
@@ -176,13 +294,17 @@ void LogPanel::CmdCopyLog_Click() {
 }
 
 void LogPanel::CmdSaveLog_Click() {
-  const QString path = files_.SaveName(this, tr("Save log"), "vantrel-line.txt",
-                                       tr("Text (*.txt);;Comma-separated values (*.csv);;Capture "
-                                          "(*.pcapng)"));
+  const QString path =
+      helpers_.files.SaveName(this, tr("Save log"), "vantrel-line.txt",
+                              tr("Text (*.txt);;Comma-separated values (*.csv);;Capture "
+                                 "(*.pcapng)"));
   if (path.isEmpty()) return;
   const std::string error =
       SaveLog(recorder_.Log(), QFile::encodeName(path).toStdString(), recorder_.Line());
-  Tell(error.empty() ? tr("Saved to %1").arg(path) : QString::fromLocal8Bit(error.c_str()));
+  if (error.empty()) return Tell(tr("Saved to %1").arg(path));
+  helpers_.dialogs.MsgBox(QString::fromLocal8Bit(error.c_str()).toStdString(),
+                          dialogs::Buttons::kOk, tr("Save log").toStdString(),
+                          dialogs::Icon::kCritical);
 }
 
 void LogPanel::CmdClearLog_Click() {
@@ -195,6 +317,21 @@ void LogPanel::Follow() {
   if (ChkFollow->isChecked()) TxtLog->scrollToBottom();
 }
 
-void LogPanel::ShowCount() { Tell(Lines(model_->rowCount())); }
+void LogPanel::ShowCount() {
+  QString text = Lines(model_->rowCount());
+  if (model_->IsLooking()) text += tr(", looking for more");
+  if (ChkPause->isChecked()) {
+    const auto held_back = static_cast<qulonglong>(model_->HeldBack());
+    text += tr(", paused: %L1 more").arg(held_back);
+  }
+  Tell(text);
+  ShowWhyEmpty();
+}
+
+void LogPanel::ShowWhyEmpty() {
+  const bool is_empty = recorder_.Log().First() == recorder_.Log().End();
+  LblLogEmpty->setVisible(model_->rowCount() == 0 && !model_->IsLooking());
+  LblLogEmpty->setText(is_empty ? empty_text_ : tr("No line matches the filter."));
+}
 
 }  // namespace vantrel::log

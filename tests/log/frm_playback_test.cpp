@@ -5,6 +5,8 @@
 #include "log/playback_server.h"
 #include "printer/line/pseudo_terminal.h"
 #include "tests/support/device_user.h"
+#include "tests/support/recording_guard.h"
+#include "tests/support/scripted_dialogs.h"
 #include "tests/support/scripted_file_chooser.h"
 
 #include <QLabel>
@@ -23,8 +25,10 @@ TEST(FrmPlaybackTest, ShowsHowFarItIs) {
   Playback playback(std::vector<LogEntry>{row, row}, {});
   LineRecorder recorder;
   PlaybackServer server(playback, printer::MakePseudoTerminal(), recorder);
+  support::ScriptedDialogs dialogs;
   support::ScriptedFileChooser files;
-  const FrmPlayback form("/tmp/line.pcapng", server, recorder, files);
+  support::RecordingGuard guard;
+  const FrmPlayback form("/tmp/line.pcapng", server, recorder, {dialogs, files, guard});
   const auto text = [&form](const char* name) { return form.findChild<QLabel*>(name)->text(); };
   EXPECT_EQ(form.windowTitle(), "Playing back line.pcapng");
   EXPECT_TRUE(text("LblDevice").contains(server.DevicePath().c_str()));

@@ -2,6 +2,8 @@
 
 #include "log/line_recorder.h"
 #include "log/log_model.h"
+#include "tests/support/recording_guard.h"
+#include "tests/support/scripted_dialogs.h"
 #include "tests/support/scripted_file_chooser.h"
 
 #include <QApplication>
@@ -17,9 +19,11 @@
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <stdexcept>
 
 namespace vantrel::log {
@@ -66,9 +70,11 @@ class LogPanelTest : public testing::Test {
   }
 
   QTemporaryDir folder_;
+  support::ScriptedDialogs dialogs_;
   support::ScriptedFileChooser files_;
+  support::RecordingGuard guard_;
   LineRecorder recorder_;
-  LogPanel panel_{recorder_, files_};
+  LogPanel panel_{recorder_, {dialogs_, files_, guard_}};
 };
 
 TEST_F(LogPanelTest, ShowsAnEntryInColumns) {
@@ -185,14 +191,123 @@ TEST_F(LogPanelTest, SavesTheWholeLogAsTextOrCsv) {
 TEST_F(LogPanelTest, SaysWhyALogWasNotSaved) {
   const QString path = folder_.filePath("missing/line.txt");
   files_.WillAnswer(path);
+  dialogs_.Answers(dialogs::Answer::kOk);
   Click("CmdSaveLog");
-  EXPECT_EQ(Find<QLabel>("LblLog")->text(), path + " was not saved: No such file or directory.");
+  EXPECT_EQ(dialogs_.Last().prompt,
+            path.toStdString() + " was not saved: No such file or directory.");
+  EXPECT_EQ(dialogs_.Last().title, "Save log");
+  EXPECT_EQ(dialogs_.Last().icon, dialogs::Icon::kCritical);
 }
 
 TEST_F(LogPanelTest, SavesNoLogOverADevice) {
   files_.WillAnswer("/dev/null");
+  dialogs_.Answers(dialogs::Answer::kOk);
   Click("CmdSaveLog");
-  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "/dev/null was not saved: it is a device.");
+  EXPECT_EQ(dialogs_.Last().prompt, "/dev/null was not saved: it is a device.");
+}
+
+TEST_F(LogPanelTest, FindsForwardsAndBackwardsRoundTheEnd) {
+  Exchange(2);
+  Console("02510352");
+  Exchange(1);
+  ASSERT_TRUE(HasRows(7));
+  auto* find = Find<QLineEdit>("TxtLogFind");
+  QTest::keyClicks(find, "FIRST TRACK");
+  QTest::keyClick(find, Qt::Key_Return);
+  EXPECT_EQ(Table()->currentIndex().row(), 0);
+  EXPECT_FALSE(Find<QCheckBox>("ChkFollow")->isChecked());
+  Click("CmdFindNext");
+  EXPECT_EQ(Table()->currentIndex().row(), 2);
+  Click("CmdFindNext");
+  EXPECT_EQ(Table()->currentIndex().row(), 5);
+  Click("CmdFindNext");
+  EXPECT_EQ(Table()->currentIndex().row(), 0);
+  Click("CmdFindBack");
+  EXPECT_EQ(Table()->currentIndex().row(), 5);
+  QTest::keyClick(&panel_, Qt::Key_F3, Qt::ShiftModifier);
+  EXPECT_EQ(Table()->currentIndex().row(), 2);
+  QTest::keyClick(&panel_, Qt::Key_F3);
+  EXPECT_EQ(Table()->currentIndex().row(), 5);
+}
+
+TEST_F(LogPanelTest, SaysThatATextIsNotFoundAndStays) {
+  Exchange(1);
+  ASSERT_TRUE(HasRows(2));
+  QTest::keySequence(&panel_, QKeySequence::Find);
+  EXPECT_EQ(panel_.focusWidget(), Find<QLineEdit>("TxtLogFind"));
+  QTest::keyClicks(panel_.focusWidget(), "nowhere\r");
+  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "\"nowhere\" was not found.");
+  EXPECT_FALSE(Table()->currentIndex().isValid());
+}
+
+TEST_F(LogPanelTest, PausesAndCatchesUp) {
+  Exchange(1);
+  ASSERT_TRUE(HasRows(2));
+  Click("ChkPause");
+  Exchange(3);
+  // As long as it would take to be shown.
+  ASSERT_TRUE(
+      QTest::qWaitFor([&] { return Find<QLabel>("LblLog")->text() == "2 lines, paused: 6 more"; }));
+  QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "acknowledge");
+  ASSERT_TRUE(HasRows(1));
+  Find<QLineEdit>("TxtLogFilter")->clear();
+  ASSERT_TRUE(HasRows(2));
+  Click("ChkPause");
+  EXPECT_TRUE(HasRows(8));
+}
+
+TEST_F(LogPanelTest, ShowsTheTimeSinceTheRowBefore) {
+  using namespace std::chrono_literals;
+  const WallTime start{1700000000s};
+  const auto printer = protocol::Direction::kFromPrinter;
+  recorder_.Record(printer, QByteArray::fromHex("06"), start);
+  recorder_.Record(printer, QByteArray::fromHex("10"), start + 12345us);
+  recorder_.Record(printer, QByteArray::fromHex("06"), start + 2s);
+  ASSERT_TRUE(HasRows(3));
+  EXPECT_EQ(Cell(0, LogModel::kSince), "");
+  EXPECT_EQ(Cell(1, LogModel::kSince), "+0.012 s");
+  EXPECT_EQ(Cell(2, LogModel::kSince), "+1.988 s");
+  // It stands beside the time, and counts from the row that is shown before.
+  EXPECT_EQ(Table()->horizontalHeader()->visualIndex(LogModel::kSince), 1);
+  QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "acknowledge");
+  ASSERT_TRUE(HasRows(2));
+  EXPECT_EQ(Cell(1, LogModel::kSince), "+2.000 s");
+}
+
+TEST_F(LogPanelTest, ShowsAndFindsAComment) {
+  Console("02210322");
+  recorder_.Comment("fault: status 38");
+  ASSERT_TRUE(HasRows(1));
+  EXPECT_EQ(Cell(0, LogModel::kMeaning), "21h first track read \u00B7 fault: status 38");
+  QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "Status 38");
+  EXPECT_TRUE(HasRows(1));
+}
+
+TEST_F(LogPanelTest, SaysWhyItShowsNothing) {
+  const auto* words = Find<QLabel>("LblLogEmpty");
+  panel_.SetEmptyText("A console opens /dev/pts/3.");
+  EXPECT_TRUE(words->isVisible());
+  EXPECT_EQ(words->text(), "A console opens /dev/pts/3.");
+  Exchange(1);
+  ASSERT_TRUE(HasRows(2));
+  EXPECT_FALSE(words->isVisible());
+  QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "nowhere");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return words->isVisible(); }));
+  EXPECT_EQ(words->text(), "No line matches the filter.");
+}
+
+TEST_F(LogPanelTest, FiltersManyLinesInPortions) {
+  Exchange(20000);
+  ASSERT_TRUE(HasRows(40000));
+  int events = 0;
+  QTimer beat;
+  QObject::connect(&beat, &QTimer::timeout, &beat, [&] { ++events; });
+  beat.start(0);
+  Find<QLineEdit>("TxtLogFilter")->setText("acknowledge");
+  EXPECT_LT(Rows(), 20000);
+  ASSERT_TRUE(HasRows(20000));
+  // Events ran in between.
+  EXPECT_GT(events, 1);
 }
 
 TEST_F(LogPanelTest, IsEmptied) {
