@@ -26,7 +26,7 @@ Tour::Tour(const QString& folder, dialogs::Guard& guard)
       fonts_(printer::SystemFontFolder()),
       model_(fonts_, link::SystemCodePage()),
       server_(model_),
-      printer_(model_, server_, files_),
+      printer_(model_, server_, {dialogs_, files_, guard}),
       port_([this](int number) {
         return number == 1 ? server_.DevicePath() : link::SystemDevice(number);
       }),

@@ -55,8 +55,8 @@ class Tour {
   printer::PrinterModel model_;
   printer::PrinterServer server_;
   dialogs::WindowFileChooser files_;
-  printer::FrmPrinter printer_;
   dialogs::WindowDialogs dialogs_;
+  printer::FrmPrinter printer_;
   link::SerialPort port_;
   console::FrmVantrel console_;
   BoxWatcher boxes_;

@@ -35,6 +35,8 @@ double CardLeft(CardPlace place) {
 
 CardSlotView::CardSlotView(QWidget* parent) : QWidget(parent) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  // The hand's buttons hand their focus to it while a card moves; the key Tab passes it by.
+  setFocusPolicy(Qt::ClickFocus);
 }
 
 void CardSlotView::Show(CardPlace place, CardKind kind) {
@@ -53,7 +55,7 @@ void CardSlotView::ShowLed(bool lit, const QColor& colour) {
 
 QSize CardSlotView::sizeHint() const { return kGrid.toSize(); }
 
-QSize CardSlotView::minimumSizeHint() const { return (kGrid * 0.85).toSize(); }
+QSize CardSlotView::minimumSizeHint() const { return (kGrid * 0.55).toSize(); }
 
 void CardSlotView::paintEvent(QPaintEvent*) {
   QPainter painter(this);

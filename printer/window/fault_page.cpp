@@ -1,9 +1,11 @@
 #include "printer/window/fault_page.h"
 
+#include "dialogs/guard.h"
 #include "link/frame.h"
-#include "link/status_text.h"
 #include "printer/model/fault.h"
 #include "printer/model/printer_model.h"
+#include "printer/window/form_text.h"
+#include "protocol/status.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -11,75 +13,82 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSpinBox>
+#include <QStandardItemModel>
 #include <QStringList>
 #include <QVBoxLayout>
 
-#include <cstdint>
-#include <optional>
 #include <stdexcept>
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace vantrel::printer {
 namespace {
 
-// A text and what it means, for a list.
-struct Choice {
-  std::string text;
-  std::string meaning;
-};
+// Between a fault's text and its meaning.
+const QString kDash = QStringLiteral(" \u2013 ");
 
-// Each status that has words, then every kind of fault with a value to begin with.
-std::vector<Choice> Choices() {
-  constexpr unsigned kNormal = 0x20;
-  std::vector<Choice> choices;
-  for (unsigned status = 0; status <= 0xFF; ++status) {
-    const std::string code = link::HexOf(static_cast<std::uint8_t>(status));
-    const std::string_view words = link::StatusText(status);
-    if (status != kNormal && words.starts_with(code))
-      choices.push_back({"status " + code, std::string(words)});
-  }
+void AddHeading(QStandardItemModel& list, const QString& text) {
+  auto* item = new QStandardItem(text);
+  QFont bold = item->font();
+  bold.setBold(true);
+  item->setFont(bold);
+  item->setFlags(Qt::NoItemFlags);
+  list.appendRow(item);
+}
+
+void AddFault(QStandardItemModel& list, const QString& text, std::string_view meaning) {
+  QString words = ToQt(meaning);
+  words[0] = words[0].toUpper();
+  auto* item = new QStandardItem(text + kDash + words);
+  item->setToolTip(words);
+  list.appendRow(item);
+}
+
+// Every kind of fault with a value to begin with, then every status but the normal one, and one
+// that has no meaning.
+void FillList(QStandardItemModel& list) {
+  AddHeading(list, FaultPage::tr("What the printer does"));
+  QString unknown_status;
   for (const FaultRow& row : FaultRows()) {
-    std::string text(row.word);
-    if (!row.example.empty()) text.append(" ").append(row.example);
-    choices.push_back({text, std::string(row.in_words)});
+    if (row.kind == Fault::Kind::kStatus) {
+      unknown_status = ToQt(row.example);
+      continue;
+    }
+    QString text = ToQt(row.word);
+    if (!row.example.empty()) text += ' ' + ToQt(row.example);
+    AddFault(list, text, row.in_words);
   }
-  return choices;
+  AddHeading(list, FaultPage::tr("What status it answers with"));
+  for (const protocol::StatusEntry& entry : protocol::AllStatuses()) {
+    if (entry.status != protocol::status::kNormal)
+      AddFault(list, ToQt(link::HexOf(entry.status)), entry.meaning);
+  }
+  AddFault(list, unknown_status, "a status without a meaning");
 }
 
 }  // namespace
 
-FaultPage::FaultPage(PrinterModel& model, QWidget* parent) : QWidget(parent), model_(model) {
+using dialogs::GuardedSlot;
+
+QString FaultTextOf(const QString& shown) {
+  const QString text = shown.section(kDash, 0, 0).trimmed();
+  static const QRegularExpression kStatusAlone("^[0-9A-Fa-f]{2}(\\s|$)");
+  return kStatusAlone.match(text).hasMatch() ? "status " + text : text;
+}
+
+FaultPage::FaultPage(PrinterModel& model, dialogs::Helpers helpers, QWidget* parent)
+    : QWidget(parent), model_(model), helpers_(helpers), CmbFault(MakeList()) {
   setObjectName("FaultPage");
-  CmbFault = new QComboBox(this);
-  CmbFault->setObjectName("CmbFault");
-  CmbFault->setEditable(true);
-  CmbFault->setInsertPolicy(QComboBox::NoInsert);
-  CmbFault->setToolTip(tr("The numbers can be changed."));
-  for (const auto& [text, meaning] : Choices()) {
-    CmbFault->addItem(QString::fromStdString(text), QString::fromStdString(meaning));
-    CmbFault->setItemData(CmbFault->count() - 1, QString::fromStdString(meaning), Qt::ToolTipRole);
-  }
-
-  auto* meaning = new QLabel(this);
-  meaning->setObjectName("LblFaultMeaning");
-  meaning->setTextFormat(Qt::PlainText);
-  meaning->setForegroundRole(QPalette::PlaceholderText);
-  const auto tell = [this, meaning] {
-    const int known = CmbFault->findText(CmbFault->currentText());
-    meaning->setText(known < 0 ? QString() : CmbFault->itemData(known, Qt::UserRole).toString());
-  };
-  connect(CmbFault, &QComboBox::currentTextChanged, this, tell);
-  tell();
-
   CmbFaultCount = new QComboBox(this);
   CmbFaultCount->setObjectName("CmbFaultCount");
+  CmbFaultCount->setAccessibleName(tr("For"));
   CmbFaultCount->addItems({tr("the next command"), tr("several commands"), tr("until taken away")});
-  connect(CmbFaultCount, &QComboBox::currentIndexChanged, this, &FaultPage::CmbFaultCount_Click);
+  connect(CmbFaultCount, &QComboBox::currentIndexChanged, this,
+          GuardedSlot(helpers_.guard, [this](int index) { CmbFaultCount_Click(index); }));
   TxtFaultCount = new QSpinBox(this);
   TxtFaultCount->setObjectName("TxtFaultCount");
+  TxtFaultCount->setAccessibleName(tr("Number of commands"));
   TxtFaultCount->setRange(1, 9999);
   TxtFaultCount->setValue(3);
   TxtFaultCount->setEnabled(false);
@@ -87,12 +96,14 @@ FaultPage::FaultPage(PrinterModel& model, QWidget* parent) : QWidget(parent), mo
   count->addWidget(CmbFaultCount, 1);
   count->addWidget(TxtFaultCount);
 
-  CmdSetFault = new QPushButton(tr("Set &fault"), this);
+  CmdSetFault = new QPushButton(tr("Set fau&lt"), this);
   CmdSetFault->setObjectName("CmdSetFault");
-  connect(CmdSetFault, &QPushButton::clicked, this, &FaultPage::CmdSetFault_Click);
-  CmdClearFault = new QPushButton(tr("Take a&way"), this);
+  connect(CmdSetFault, &QPushButton::clicked, this,
+          GuardedSlot(helpers_.guard, [this] { CmdSetFault_Click(); }));
+  CmdClearFault = new QPushButton(tr("Ta&ke away"), this);
   CmdClearFault->setObjectName("CmdClearFault");
-  connect(CmdClearFault, &QPushButton::clicked, this, &FaultPage::CmdClearFault_Click);
+  connect(CmdClearFault, &QPushButton::clicked, this,
+          GuardedSlot(helpers_.guard, [this] { CmdClearFault_Click(); }));
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(CmdSetFault);
   buttons->addWidget(CmdClearFault);
@@ -109,7 +120,6 @@ FaultPage::FaultPage(PrinterModel& model, QWidget* parent) : QWidget(parent), mo
   auto* rows = new QFormLayout;
   rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   rows->addRow(tr("Fault"), CmbFault);
-  rows->addRow(QString(), meaning);
   rows->addRow(tr("For"), count);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(rows);
@@ -120,10 +130,32 @@ FaultPage::FaultPage(PrinterModel& model, QWidget* parent) : QWidget(parent), mo
   Refresh();
 }
 
+QComboBox* FaultPage::MakeList() {
+  auto* faults = new QComboBox(this);
+  faults->setObjectName("CmbFault");
+  faults->setAccessibleName(tr("Fault"));
+  faults->setEditable(true);
+  faults->setInsertPolicy(QComboBox::NoInsert);
+  faults->setToolTip(
+      tr("The numbers can be changed. \"on 21\", \"after 3\" and \"every 2\" aim the fault."));
+  faults->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  faults->setMinimumContentsLength(24);
+  faults->setMaxVisibleItems(20);
+  auto* list = new QStandardItemModel(faults);
+  FillList(*list);
+  faults->setModel(list);
+  // The first is a heading.
+  faults->setCurrentIndex(1);
+  const auto show_start = [faults] { faults->lineEdit()->setCursorPosition(0); };
+  connect(faults, &QComboBox::currentIndexChanged, this, show_start);
+  show_start();
+  return faults;
+}
+
 void FaultPage::CmbFaultCount_Click(int index) { TxtFaultCount->setEnabled(index == 1); }
 
 void FaultPage::CmdSetFault_Click() {
-  QString text = CmbFault->currentText().trimmed();
+  QString text = FaultTextOf(CmbFault->currentText());
   if (CmbFaultCount->currentIndex() == 0)
     text += " next";
   else if (CmbFaultCount->currentIndex() == 1)

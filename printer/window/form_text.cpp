@@ -13,4 +13,16 @@ QString HexToQt(std::string_view bytes) {
       .trimmed();
 }
 
+void ShowReading(QLineEdit* box, const QString& text, const QString& when_empty) {
+  SetText(box, text);
+  box->setPlaceholderText(when_empty);
+  box->setAccessibleDescription(text.isEmpty() ? when_empty
+                                               : QObject::tr("%1 characters").arg(text.size()));
+}
+
+QColor NoticeColour(const QPalette& palette) {
+  return palette.color(QPalette::Base).lightness() < 128 ? QColor(0xff, 0xb3, 0x00)
+                                                         : QColor(0xb4, 0x5f, 0x00);
+}
+
 }  // namespace vantrel::printer

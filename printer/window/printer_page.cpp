@@ -1,5 +1,6 @@
 #include "printer/window/printer_page.h"
 
+#include "dialogs/guard.h"
 #include "printer/model/printer_model.h"
 #include "printer/service/printer_server.h"
 
@@ -25,8 +26,11 @@ constexpr std::array<Series, 2> kSeries{Series::kQl7, Series::kQl8};
 
 }  // namespace
 
-PrinterPage::PrinterPage(PrinterModel& model, PrinterServer& server, QWidget* parent)
-    : QWidget(parent), model_(model), server_(server) {
+using dialogs::GuardedSlot;
+
+PrinterPage::PrinterPage(PrinterModel& model, PrinterServer& server, dialogs::Helpers helpers,
+                         QWidget* parent)
+    : QWidget(parent), model_(model), server_(server), helpers_(helpers) {
   setObjectName("PrinterPage");
   auto* layout = new QVBoxLayout(this);
   layout->setSpacing(8);
@@ -36,7 +40,8 @@ PrinterPage::PrinterPage(PrinterModel& model, PrinterServer& server, QWidget* pa
   // As wide as their words, so that a click beside them does nothing.
   for (QCheckBox* box : {ChkPower, ChkCaseParts, ChkPacing})
     box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-  connect(&server_, &PrinterServer::DeviceChanged, this, &PrinterPage::Refresh);
+  connect(&server_, &PrinterServer::DeviceChanged, this,
+          GuardedSlot(helpers_.guard, [this] { Refresh(); }));
   Refresh();
 }
 
@@ -46,7 +51,8 @@ QWidget* PrinterPage::MakePrinterGroup() {
   ChkPower->setObjectName("ChkPower");
   ChkPower->setToolTip(
       tr("Switched off, the printer ends every command and hears nothing; the card stays."));
-  connect(ChkPower, &QCheckBox::clicked, this, [this](bool on) { server_.SetPower(on); });
+  connect(ChkPower, &QCheckBox::clicked, this,
+          GuardedSlot(helpers_.guard, [this](bool on) { server_.SetPower(on); }));
   OptSeries = {new QRadioButton(tr("QL-&7"), group), new QRadioButton(tr("QL-&8"), group)};
   OptSeries[0]->setToolTip(tr("Writes all three tracks."));
   OptSeries[1]->setToolTip(tr("Writes the third track alone."));
@@ -54,15 +60,15 @@ QWidget* PrinterPage::MakePrinterGroup() {
   for (std::size_t i = 0; i < OptSeries.size(); ++i) {
     OptSeries[i]->setObjectName(QString("OptSeries_%1").arg(i));
     connect(OptSeries[i], &QRadioButton::clicked, this,
-            [this, i] { model_.SetSeries(kSeries[i]); });
+            GuardedSlot(helpers_.guard, [this, i] { model_.SetSeries(kSeries[i]); }));
     series->addWidget(OptSeries[i]);
   }
   series->addStretch();
-  ChkCaseParts = new QCheckBox(tr("Case &accessory parts fitted"), group);
+  ChkCaseParts = new QCheckBox(tr("Case accessory parts f&itted"), group);
   ChkCaseParts->setObjectName("ChkCaseParts");
   ChkCaseParts->setToolTip(tr("They close the back: no card can leave by the rear."));
   connect(ChkCaseParts, &QCheckBox::clicked, this,
-          [this](bool fitted) { model_.SetCaseParts(fitted); });
+          GuardedSlot(helpers_.guard, [this](bool fitted) { model_.SetCaseParts(fitted); }));
   auto* rows = new QFormLayout(group);
   rows->addRow(ChkPower);
   rows->addRow(tr("Series"), series);
@@ -75,20 +81,24 @@ QWidget* PrinterPage::MakeLineGroup() {
   CmbSpeed = new QComboBox(group);
   CmbSpeed->setObjectName("CmbSpeed");
   for (const int speed : kSpeeds) CmbSpeed->addItem(tr("%1 bits/s").arg(speed), speed);
-  connect(CmbSpeed, &QComboBox::activated, this, &PrinterPage::CmbSpeed_Click);
-  ChkPacing = new QCheckBox(tr("Pac&ing: the line takes its time"), group);
+  connect(CmbSpeed, &QComboBox::activated, this,
+          GuardedSlot(helpers_.guard, [this](int index) { CmbSpeed_Click(index); }));
+  ChkPacing = new QCheckBox(tr("Pacin&g: the line takes its time"), group);
   ChkPacing->setObjectName("ChkPacing");
   ChkPacing->setToolTip(
       tr("Without it answers come at once, and a console is heard at whatever speed it talks."));
-  connect(ChkPacing, &QCheckBox::clicked, this, [this](bool pacing) { model_.SetPacing(pacing); });
+  connect(ChkPacing, &QCheckBox::clicked, this,
+          GuardedSlot(helpers_.guard, [this](bool pacing) { model_.SetPacing(pacing); }));
   CmdUnplug = new QPushButton(tr("U&nplug"), group);
   CmdUnplug->setObjectName("CmdUnplug");
   CmdUnplug->setToolTip(tr("Makes the device vanish, as an adapter does that is pulled out."));
-  connect(CmdUnplug, &QPushButton::clicked, this, &PrinterPage::CmdUnplug_Click);
-  CmdPlugIn = new QPushButton(tr("&Plug in"), group);
+  connect(CmdUnplug, &QPushButton::clicked, this,
+          GuardedSlot(helpers_.guard, [this] { CmdUnplug_Click(); }));
+  CmdPlugIn = new QPushButton(tr("P&lug in"), group);
   CmdPlugIn->setObjectName("CmdPlugIn");
   CmdPlugIn->setToolTip(tr("Makes a device again, most often under another name."));
-  connect(CmdPlugIn, &QPushButton::clicked, this, &PrinterPage::CmdPlugIn_Click);
+  connect(CmdPlugIn, &QPushButton::clicked, this,
+          GuardedSlot(helpers_.guard, [this] { CmdPlugIn_Click(); }));
   auto* plug = new QHBoxLayout;
   plug->addWidget(CmdUnplug);
   plug->addWidget(CmdPlugIn);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dialogs/helpers.h"
+
 #include <QWidget>
 
 #include <array>
@@ -21,8 +23,9 @@ class PrinterPage : public QWidget {
   Q_OBJECT
 
  public:
-  // Both must outlive the page; `server` serves `model`.
-  PrinterPage(PrinterModel& model, PrinterServer& server, QWidget* parent = nullptr);
+  // All must outlive the page; `server` serves `model`.
+  PrinterPage(PrinterModel& model, PrinterServer& server, dialogs::Helpers helpers,
+              QWidget* parent = nullptr);
 
   // Shows the printer as it is now. Whoever owns the page calls it when the server tells of a
   // change.
@@ -37,6 +40,7 @@ class PrinterPage : public QWidget {
 
   PrinterModel& model_;
   PrinterServer& server_;
+  dialogs::Helpers helpers_;
   QCheckBox* ChkPower = nullptr;
   std::array<QRadioButton*, 2> OptSeries{};
   QCheckBox* ChkCaseParts = nullptr;

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "dialogs/helpers.h"
+
 #include <QFrame>
 
 class QCheckBox;
 class QHBoxLayout;
 class QLabel;
+class QToolButton;
 
 namespace vantrel::printer {
 
@@ -13,13 +16,14 @@ class PrinterModel;
 class PrinterServer;
 
 // A bar of what a printer is doing: its work, its device, where its card is, its LED and buzzer in
-// their rhythm, and its counters.
+// their rhythm, its counters, and the faults that are set.
 class StateBar : public QFrame {
   Q_OBJECT
 
  public:
-  // Both must outlive the bar; `server` serves `model`.
-  StateBar(const PrinterModel& model, const PrinterServer& server, QWidget* parent = nullptr);
+  // All must outlive the bar; `server` serves `model`.
+  StateBar(PrinterModel& model, const PrinterServer& server, dialogs::Helpers helpers,
+           QWidget* parent = nullptr);
 
   // Shows the printer as it is now. Whoever owns the bar calls it when the server tells of a
   // change.
@@ -29,12 +33,18 @@ class StateBar : public QFrame {
   // A value, bold and selectable, with room for its widest words where they are told.
   QLabel* MakeValue(const char* name, const QString& widest = {});
   // Adds a value under its caption, with a sign before it and more after it where there are any.
-  void Add(const QString& caption, QLabel* value, QWidget* sign = nullptr, QWidget* more = nullptr);
+  void Add(const QString& caption, QWidget* value, QWidget* sign = nullptr,
+           QWidget* more = nullptr);
   void MakeBuzzer();
+  void MakeFaults();
+  // Shows a value, and tells it with its caption to a screen reader.
+  void Tell(QLabel* value, const QString& text);
+  void RefreshFaults();
   void RefreshDevice();
 
-  const PrinterModel& model_;
+  PrinterModel& model_;
   const PrinterServer& server_;
+  dialogs::Helpers helpers_;
   QHBoxLayout* layout_ = nullptr;
   IndicatorSign* led_ = nullptr;
   IndicatorSign* buzzer_ = nullptr;
@@ -46,6 +56,7 @@ class StateBar : public QFrame {
   QLabel* LblBuzzer = nullptr;
   QLabel* LblTransportCount = nullptr;
   QLabel* LblPrintCount = nullptr;
+  QToolButton* CmdFaults = nullptr;
 };
 
 }  // namespace vantrel::printer

@@ -14,7 +14,7 @@ TracksPage::TracksPage(const PrinterModel& model, QWidget* parent)
     : QWidget(parent), model_(model) {
   auto* layout = new QGridLayout(this);
   layout->setHorizontalSpacing(10);
-  layout->setVerticalSpacing(6);
+  layout->setVerticalSpacing(4);
   layout->setColumnStretch(1, 1);
   int row = 0;
   const auto add = [&](const QString& caption, QWidget* box) {
@@ -27,11 +27,12 @@ TracksPage::TracksPage(const PrinterModel& model, QWidget* parent)
     TxtBuffer[i] = MakeReading(QString("TxtBuffer_%1").arg(i + 1), tr("Buffer of %1").arg(track));
     TxtBufferHex[i] =
         MakeReading(QString("TxtBufferHex_%1").arg(i + 1), tr("Buffer of %1, hex").arg(track));
-    TxtTrackHex[i]->setPlaceholderText(tr("empty"));
+    TxtLoaded[i] = MakeReading(QString("TxtLoaded_%1").arg(i + 1), tr("Loaded for %1").arg(track));
     add(tr("%1, hex").arg(track), TxtTrackHex[i]);
     add(tr("Its buffer"), TxtBuffer[i]);
     add(tr("Its buffer, hex"), TxtBufferHex[i]);
-    if (i + 1 < kTracks) layout->setRowMinimumHeight(row++, 2);
+    add(tr("Loaded for it"), TxtLoaded[i]);
+    if (i + 1 < kTracks) layout->setRowMinimumHeight(row++, 6);
   }
   layout->setRowStretch(row, 1);
   Refresh();
@@ -50,11 +51,11 @@ void TracksPage::Refresh() {
   const PrinterState& state = model_.State();
   for (std::size_t i = 0; i < kTracks; ++i) {
     const auto& buffer = state.buffers[i];
-    SetText(TxtTrackHex[i], HexToQt(state.card.tracks[i]));
-    SetText(TxtBuffer[i], ToQt(buffer.value_or("")));
-    SetText(TxtBufferHex[i], HexToQt(buffer.value_or("")));
-    for (QLineEdit* box : {TxtBuffer[i], TxtBufferHex[i]})
-      box->setPlaceholderText(buffer ? tr("empty") : tr("no card has passed"));
+    const QString when_empty = buffer ? tr("empty") : tr("no card has passed");
+    ShowReading(TxtTrackHex[i], HexToQt(state.card.tracks[i]), tr("empty"));
+    ShowReading(TxtBuffer[i], ToQt(buffer.value_or("")), when_empty);
+    ShowReading(TxtBufferHex[i], HexToQt(buffer.value_or("")), when_empty);
+    ShowReading(TxtLoaded[i], ToQt(state.presets[i].value_or("")), tr("nothing is loaded"));
   }
 }
 

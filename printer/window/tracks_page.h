@@ -12,7 +12,8 @@ namespace vantrel::printer {
 
 class PrinterModel;
 
-// A page with the card's tracks as hex and the track buffers as text and hex.
+// A page with the card's tracks as hex, the track buffers as text and hex, and what the console has
+// loaded to be written.
 class TracksPage : public QWidget {
   Q_OBJECT
 
@@ -32,6 +33,7 @@ class TracksPage : public QWidget {
   std::array<QLineEdit*, kTracks> TxtTrackHex{};
   std::array<QLineEdit*, kTracks> TxtBuffer{};
   std::array<QLineEdit*, kTracks> TxtBufferHex{};
+  std::array<QLineEdit*, kTracks> TxtLoaded{};
 };
 
 }  // namespace vantrel::printer

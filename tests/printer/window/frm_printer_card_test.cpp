@@ -3,13 +3,19 @@
 #include "printer/window/face_view.h"
 #include "tests/support/printer_form_bench.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTemporaryDir>
+
+#include <algorithm>
 
 namespace vantrel::printer {
 namespace {
@@ -48,7 +54,7 @@ TEST_F(FrmPrinterCard, ShowsEachDotAsASquareOfWholePixels) {
   Find<QSplitter>("SplHalves")->setSizes({1200, 300});
   ASSERT_TRUE(QTest::qWaitFor([&] { return Find<FaceView>("FaceView")->Scale() > 1; }));
   auto* face = Find<FaceView>("FaceView");
-  const int scale = face->Scale();
+  const int scale = static_cast<int>(face->Scale());
   const QImage shown = face->grab().toImage();
   const QPoint corner((face->width() - 480 * scale) / 2, (face->height() - 320 * scale) / 2);
   int black = 0;
@@ -80,6 +86,73 @@ TEST_F(FrmPrinterCard, TurnsThePictureByQuartersClockwise) {
   EXPECT_EQ(face->Picture(), ADot());
 }
 
+TEST_F(FrmPrinterCard, ZoomsTheFace) {
+  auto* face = Find<FaceView>("FaceView");
+  auto* zoom = Find<QComboBox>("CmbZoom");
+  auto* scroll = Find<QScrollArea>("ScrFace");
+  for (int times = 1; times <= 3; ++times) {
+    zoom->setCurrentIndex(times);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(face->Scale(), times);
+    EXPECT_GE(face->width(), 480 * times);
+    EXPECT_EQ(Find<QLabel>("LblScale")->text(), QString("480 × 320 dots, %1:1").arg(times));
+  }
+  EXPECT_GT(scroll->horizontalScrollBar()->maximum(), 0);
+  zoom->setCurrentIndex(0);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return face->width() <= scroll->width(); }));
+}
+
+TEST_F(FrmPrinterCard, FitsTheStandingCard) {
+  form_.resize(1024, 640);
+  Click("CmdTurn");
+  auto* face = Find<FaceView>("FaceView");
+  auto* scroll = Find<QScrollArea>("ScrFace");
+  QCoreApplication::processEvents();
+  EXPECT_EQ(scroll->verticalScrollBar()->maximum(), 0);
+  EXPECT_LE(480 * face->Scale(), scroll->viewport()->height());
+  EXPECT_LT(face->Scale(), 1);
+  EXPECT_TRUE(Find<QLabel>("LblScale")->text().endsWith(" %"));
+}
+
+TEST_F(FrmPrinterCard, HasAnEdgeThatIsSeenOnWhite) {
+  auto* face = Find<FaceView>("FaceView");
+  QPalette white = face->palette();
+  white.setColor(QPalette::Window, Qt::white);
+  face->setPalette(white);
+  const QImage shown = face->grab().toImage();
+  // Down the middle, the first that is not white is the card's upper edge.
+  int y = 0;
+  while (y < shown.height() / 2 && shown.pixelColor(shown.width() / 2, y).lightness() > 250) ++y;
+  ASSERT_LT(y, shown.height() / 2);
+  int darkest = 255;
+  for (int dy = 0; dy < 4; ++dy)
+    darkest = std::min(darkest, shown.pixelColor(shown.width() / 2, y + dy).lightness());
+  // A contrast of 3:1 to white begins at about this grey.
+  EXPECT_LT(darkest, 149);
+}
+
+TEST_F(FrmPrinterCard, SharesExtraHeightWithTheLog) {
+  auto* halves = Find<QSplitter>("SplHalves");
+  form_.resize(1024, 720);
+  QCoreApplication::processEvents();
+  const QList<int> before = halves->sizes();
+  form_.resize(1024, 1120);
+  QCoreApplication::processEvents();
+  const QList<int> after = halves->sizes();
+  EXPECT_GT(after[0], before[0] + 100);
+  EXPECT_GT(after[1], before[1] + 100);
+}
+
+TEST_F(FrmPrinterCard, CopiesThePictureAsItIsTurned) {
+  PrintADot();
+  Click("CmdTurn");
+  Click("CmdCopyPicture");
+  const QImage copied = QApplication::clipboard()->image();
+  EXPECT_EQ(copied.size(), QSize(320, 480));
+  EXPECT_EQ(copied.pixel(320 - 1 - 2, 1), qRgb(0, 0, 0));
+  EXPECT_EQ(copied.pixel(0, 0), qRgb(255, 255, 255));
+}
+
 TEST_F(FrmPrinterCard, SavesThePictureAsItIsTurned) {
   PrintADot();
   files_.WillAnswer(folder_.filePath("lying.png"));
@@ -105,11 +178,16 @@ TEST_F(FrmPrinterCard, SavesNoPictureWhenTheQuestionIsCancelled) {
 TEST_F(FrmPrinterCard, SaysWhyAPictureWasNotSaved) {
   const QString path = folder_.filePath("missing/card.png");
   files_.WillAnswer(path);
+  dialogs_.Answers(dialogs::Answer::kOk);
   Click("CmdSavePicture");
-  EXPECT_EQ(Find<QLabel>("LblLog")->text(), path + " was not saved: No such file or directory.");
+  EXPECT_EQ(dialogs_.Last().prompt,
+            path.toStdString() + " was not saved: No such file or directory.");
+  EXPECT_EQ(dialogs_.Last().title, "Save picture");
+  EXPECT_EQ(dialogs_.Last().icon, dialogs::Icon::kCritical);
   files_.WillAnswer("/dev/null");
+  dialogs_.Answers(dialogs::Answer::kOk);
   Click("CmdSavePicture");
-  EXPECT_EQ(Find<QLabel>("LblLog")->text(), "/dev/null was not saved: it is a device.");
+  EXPECT_EQ(dialogs_.Last().prompt, "/dev/null was not saved: it is a device.");
 }
 
 TEST_F(FrmPrinterCard, NamesTheFontsThatAreMissing) {
@@ -129,7 +207,7 @@ TEST_F(FrmPrinterCard, MakesCardsAndKeepsThemInTheDeck) {
   Click("CmdNewCard");
   EXPECT_EQ(Find<QComboBox>("CmbDeck")->currentText(), "Card 2");
   EXPECT_EQ(Line("TxtTrack_1"), "");
-  QTest::keyClicks(Find<QLineEdit>("TxtTrack_1"), "SECOND");
+  QTest::keyClicks(Find<QLineEdit>("TxtTrack_1"), "SECOND\r");
   Click("OptCard_1");
   Choose(0);
   EXPECT_EQ(Line("TxtTrack_1"), "FIRST");
@@ -160,9 +238,9 @@ TEST_F(FrmPrinterCard, ShowsTracksAndBuffersAsTextAndHex) {
   EXPECT_EQ(Find<QLineEdit>("TxtBuffer_2")->placeholderText(), "empty");
 }
 
-TEST_F(FrmPrinterCard, FitsAWindowOf1024By700) {
+TEST_F(FrmPrinterCard, FitsAWindowOf1024By640) {
   EXPECT_LE(form_.minimumSizeHint().width(), 1024);
-  EXPECT_LE(form_.minimumSizeHint().height(), 700);
+  EXPECT_LE(form_.minimumSizeHint().height(), 590);
 }
 
 }  // namespace

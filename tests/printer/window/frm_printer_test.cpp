@@ -15,6 +15,8 @@
 namespace vantrel::printer {
 namespace {
 
+using namespace std::chrono_literals;
+
 class FrmPrinterTest : public support::PrinterFormBench {
  protected:
   // The log's lines: direction, hex and meaning.
@@ -57,12 +59,12 @@ TEST_F(FrmPrinterTest, LetsTheCardBeChangedOutsideAlone) {
 }
 
 TEST_F(FrmPrinterTest, RecordsWhatIsTypedAndNothingThatATrackCannotHold) {
-  QTest::keyClicks(Find<QLineEdit>("TxtTrack_1"), "ABC");
+  QTest::keyClicks(Find<QLineEdit>("TxtTrack_1"), "ABC\r");
   auto* third = Find<QLineEdit>("TxtTrack_3");
   QTest::keyClicks(third, "1");
   QKeyEvent accented(QEvent::KeyPress, 0, Qt::NoModifier, QString(QChar(0xE9)));
   QApplication::sendEvent(third, &accented);
-  QTest::keyClicks(third, "2");
+  QTest::keyClicks(third, "2\r");
   EXPECT_EQ(model_.State().card.tracks[0], "ABC");
   EXPECT_EQ(model_.State().card.tracks[2], "12");
 }
@@ -85,11 +87,13 @@ TEST_F(FrmPrinterTest, ShowsAWaitAndEndsItWithACard) {
 }
 
 TEST_F(FrmPrinterTest, ServesWorkThatTakesTime) {
+  Pass(0ms);
   model_.SetInstantWork(false);
   Click("CmdInsertCard");
   console_.Write("02 51 03 52");
   ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblActivity") == "51h is at work"; }));
   EXPECT_FALSE(Find<QPushButton>("CmdPullOutCard")->isEnabled());
+  Pass(400ms);
   ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblPlace") == "at the rear"; }));
   EXPECT_EQ(console_.Read(6), "06 02 51 20 03 72");
 }

@@ -116,7 +116,10 @@ TEST(PrinterPage, ShowsAtFirstHowThePrinterWasStarted) {
   model.SetPacing(true);
   model.SetCaseParts(true);
   PrinterServer server(model);
-  const PrinterPage page(model, server);
+  support::ScriptedDialogs dialogs;
+  support::ScriptedFileChooser files;
+  support::RecordingGuard guard;
+  const PrinterPage page(model, server, {dialogs, files, guard});
   EXPECT_TRUE(page.findChild<QRadioButton*>("OptSeries_1")->isChecked());
   EXPECT_EQ(page.findChild<QComboBox*>("CmbSpeed")->currentText(), "38400 bits/s");
   EXPECT_TRUE(page.findChild<QCheckBox*>("ChkPacing")->isChecked());
