@@ -142,6 +142,39 @@ TEST_F(Printed, TextIsThere) {
   EXPECT_GT(black, 20);
 }
 
+TEST_F(Printed, TransparentDotsOfAPictureAreClear) {
+  // A black column, one that is black but transparent, and a white one.
+  QImage picture(3, 8, QImage::Format_ARGB32);
+  for (int y = 0; y < 8; ++y)
+    for (int x = 0; x < 3; ++x)
+      picture.setPixel(
+          x, y, qRgba(x == 2 ? 255 : 0, x == 2 ? 255 : 0, x == 2 ? 255 : 0, x == 1 ? 0 : 255));
+  const QString path = Saved(picture, "clear.png");
+  // "0,0,1,FF0000" and "0,0,1,0000FF"
+  EXPECT_EQ(SendTo({"--dry-run", "4D", "--picture", path}).out,
+            "02 4D 30 2C 30 2C 31 2C 46 46 30 30 30 30 03 53\n");
+  EXPECT_EQ(SendTo({"--dry-run", "4D", "--invert", "--picture", path}).out,
+            "02 4D 30 2C 30 2C 31 2C 30 30 30 30 46 46 03 53\n");
+}
+
+TEST_F(Printed, PicturesOfAnyFormatAreTheSame) {
+  // Sixteen columns of black and white: each format keeps these apart.
+  QImage picture(16, 16, QImage::Format_RGB32);
+  picture.fill(Qt::white);
+  QPainter(&picture).fillRect(0, 0, 16, 8, Qt::black);
+  QByteArray data;
+  for (int i = 0; i < 16; ++i) data += "46 46 30 30 ";
+  for (const char* format : {"png", "bmp", "jpg", "ppm", "xpm"}) {
+    // The name's ending says nothing.
+    const QString path = folder_.filePath("picture.dat");
+    ASSERT_TRUE(picture.save(path, format));
+    const Ended ended = SendTo({"--dry-run", "4D", "--picture", path});
+    EXPECT_EQ(ended.status, 0) << format << ended.errors.toStdString();
+    EXPECT_TRUE(ended.out.contains(" 30 2C 30 2C 32 2C " + data + "03 "))
+        << format << ended.out.toStdString();
+  }
+}
+
 class Examples : public Printed {
  protected:
   // Starts an example with the built vantrel-send in its path.

@@ -12,9 +12,12 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <poll.h>
 #include <pthread.h>
+#include <unistd.h>
 
+#include <array>
 #include <csignal>
 
 namespace vantrel::send {
@@ -114,6 +117,30 @@ TEST_F(RunTest, SendsNothingWhereThePortCannotBeOpened) {
   port_.RefuseOpen(true);
   EXPECT_EQ(Do({"58"}), 5);
   EXPECT_TRUE(Waits().empty());
+}
+
+TEST_F(RunTest, GivesUpAnOutputThatNobodyReadsAtASecondSignal) {
+  std::array<int, 2> ends{};
+  ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+  const link::UniqueDescriptor reader(ends[0]);
+  link::UniqueDescriptor writer(ends[1]);
+  ASSERT_EQ(fcntl(writer.Get(), F_SETFL, O_NONBLOCK), 0);
+  const std::string page(4096, 'x');
+  while (write(writer.Get(), page.data(), page.size()) > 0) continue;
+  ASSERT_EQ(fcntl(writer.Get(), F_SETFL, 0), 0);
+  const link::UniqueDescriptor found(dup(STDOUT_FILENO));
+  ASSERT_EQ(dup2(writer.Get(), STDOUT_FILENO), STDOUT_FILENO);
+  raise(SIGINT);
+  raise(SIGTERM);
+  std::string refusal;
+  try {
+    output_.Write("told\n");
+  } catch (const OutputClosed& error) {
+    refusal = error.what();
+  }
+  dup2(found.Get(), STDOUT_FILENO);
+  EXPECT_EQ(refusal, "Nobody reads standard output.");
+  EXPECT_EQ(interrupts_.Count(), 2);
 }
 
 // Whatever bytes come as data, what is told of them is UTF-8.
