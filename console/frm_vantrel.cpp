@@ -8,6 +8,7 @@
 #include "dialogs/focus_ring.h"
 #include "dialogs/named_widgets.h"
 #include "dialogs/panel_bar.h"
+#include "dialogs/placement.h"
 #include "editors/frm_5a.h"
 #include "editors/frm_external_font.h"
 #include "editors/frm_external_image.h"
@@ -486,33 +487,41 @@ void FrmVantrel::ShowLoss(const link::PortError& loss) {
 }
 
 void FrmVantrel::HideConsole() {
-  position_ = pos();
+  frame_ = frameGeometry();
   hide();
 }
 
 void FrmVantrel::ShowConsole() {
   // A window manager would place the window anew.
-  move(position_);
+  if (!isMaximized() && !isFullScreen()) move(frame_.topLeft());
   show();
 }
+
+void FrmVantrel::ShowOver(QDialog& form) {
+  dialogs::PlaceOver(form, *this, frame_);
+  form.exec();
+}
+
 void FrmVantrel::ShowFrmPrintBuffer() {
-  printdata::FrmPrintBuffer(common_, dialogs_, guard_).exec();
+  printdata::FrmPrintBuffer form(common_, dialogs_, guard_);
+  ShowOver(form);
 }
 
 void FrmVantrel::ShowFrm4E(const std::string& caption) {
   printdata::Frm4E form(common_, guard_);
   form.setWindowTitle(QString::fromStdString(caption));
-  form.exec();
+  ShowOver(form);
 }
 
 void FrmVantrel::ShowFrmExternalImage() {
-  editors::FrmExternalImage(common_, dialogs_, guard_).exec();
+  editors::FrmExternalImage form(common_, dialogs_, guard_);
+  ShowOver(form);
 }
 
 void FrmVantrel::ShowFrmExternalFont(const std::string& caption) {
   editors::FrmExternalFont form(common_, dialogs_, guard_);
   form.setWindowTitle(QString::fromStdString(caption));
-  form.exec();
+  ShowOver(form);
 }
 
 void FrmVantrel::ShowFrm5A() { editors::Frm5A(common_, dialogs_, guard_, this).exec(); }

@@ -12,7 +12,7 @@
 #include "link/transaction.h"
 
 #include <QMainWindow>
-#include <QPoint>
+#include <QRect>
 #include <QTimer>
 
 #include <functional>
@@ -21,6 +21,7 @@
 #include <vector>
 
 class QActionGroup;
+class QDialog;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
@@ -84,6 +85,8 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   void ShowFrmExternalImage() override;
   void ShowFrmExternalFont(const std::string& caption) override;
   void ShowFrm5A() override;
+  // Shows a form, until it is closed, over the place of the hidden console.
+  void ShowOver(QDialog& form);
 
   // `work` to be connected to a signal. What the port has become by it is shown.
   std::function<void()> Guarded(std::function<void()> work);
@@ -141,7 +144,7 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   QTimer progress_timer_;
   QTimer look_timer_;  // until the disabled buttons look so
   dialogs::PanelBar* status_bar_ = nullptr;
-  QPoint position_;                              // of the hidden console
+  QRect frame_;                                  // of the hidden console
   std::optional<link::PortError> load_failure_;  // of a port that would not open at load
 };
 

@@ -1,7 +1,9 @@
 #include "dialogs/window_dialogs.h"
 
 #include <QApplication>
+#include <QFontDatabase>
 #include <QFontMetrics>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLayout>
@@ -54,11 +56,38 @@ void ShowLongWords(QMessageBox& box) {
   cut->hide();
 }
 
+// The width that a window manager needs for the title, with an icon and three buttons beside it.
+int WidthOfTitle(const QString& title) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+  font.setBold(true);
+  const QFontMetrics metrics(font);
+  return metrics.horizontalAdvance(title) + 6 * metrics.height();
+}
+
+bool IsShown(const QWidget* window) { return window != nullptr && window->isVisible(); }
+
 }  // namespace
+
+QWidget* WindowDialogs::Asking() {
+  QWidget* asking = QApplication::activeModalWidget();
+  if (!IsShown(asking)) asking = QApplication::activeWindow();
+  // After a box has closed, it takes a moment until a window is active again.
+  if (!IsShown(asking)) asking = asked_last_;
+  if (!IsShown(asking)) {
+    const auto windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+      return IsShown(window) &&
+             (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
+    });
+    asking = found != windows.end() ? *found : nullptr;
+  }
+  asked_last_ = asking;
+  return asking;
+}
 
 Answer WindowDialogs::MsgBox(const std::string& prompt, Buttons buttons, const std::string& title,
                              Icon icon) {
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(Asking());
   box.setWindowTitle(QString::fromStdString(title));
   box.setTextFormat(Qt::PlainText);
   box.setText(QString::fromStdString(prompt));
@@ -82,6 +111,10 @@ Answer WindowDialogs::MsgBox(const std::string& prompt, Buttons buttons, const s
       break;
   }
   ShowLongWords(box);
+  // A message box sets its own size; a line of the grid's width does not go under it.
+  if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+    grid->addItem(new QSpacerItem(WidthOfTitle(box.windowTitle()), 0), grid->rowCount(), 0, 1,
+                  grid->columnCount());
   switch (box.exec()) {
     case QMessageBox::Yes:
       return Answer::kYes;
@@ -96,7 +129,7 @@ Answer WindowDialogs::MsgBox(const std::string& prompt, Buttons buttons, const s
 
 std::string WindowDialogs::InputBox(const std::string& prompt, const std::string& title,
                                     const std::string& default_text) {
-  QInputDialog box(QApplication::activeWindow());
+  QInputDialog box(Asking());
   box.setInputMode(QInputDialog::TextInput);
   box.setWindowTitle(QString::fromStdString(title));
   // The label is made with the text box as its buddy and would take "&" for a mnemonic. Asking for
@@ -109,7 +142,8 @@ std::string WindowDialogs::InputBox(const std::string& prompt, const std::string
     label->setBuddy(nullptr);
   }
   box.setLabelText(QString::fromStdString(prompt));
-  box.resize(std::max(kInputBoxWidth, box.sizeHint().width()), box.sizeHint().height());
+  box.resize(std::max({kInputBoxWidth, box.sizeHint().width(), WidthOfTitle(box.windowTitle())}),
+             box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return {};
   return box.textValue().toStdString();
 }
