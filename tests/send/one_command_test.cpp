@@ -14,10 +14,10 @@ namespace {
 
 class OneCommand : public SendProgram {
  protected:
-  // The status of 58h with a time limit that a fault may use up, and the object told.
-  int StatusWith(const std::string& fault) {
+  // The status of 58h with a fault, and the object told.
+  int StatusWith(const std::string& fault, int time_limit = 5000) {
     EXPECT_EQ(Ask("fault " + fault), "ok");
-    const Ended ended = Send({"58", "--json", "--time-limit", "200"});
+    const Ended ended = Send({"58", "--json", "--time-limit", QString::number(time_limit)});
     const auto objects = Objects(ended.out);
     object_ = objects.empty() ? QJsonObject() : objects.front();
     return ended.status;
@@ -98,7 +98,7 @@ TEST_F(OneCommand, EndsWith1ForAnotherStatus) {
 TEST_F(OneCommand, EndsWith3WhenTheTimeIsUp) {
   Begin();
   for (const char* fault : {"silence", "mute", "bad-bcc", "wrong-echo", "truncate", "join"}) {
-    EXPECT_EQ(StatusWith(fault), 3) << fault;
+    EXPECT_EQ(StatusWith(fault, 200), 3) << fault;
     EXPECT_EQ(Member("outcome"), "time-up") << fault;
     EXPECT_EQ(Member("meaning"), "Time up!") << fault;
     EXPECT_TRUE(object_["status"].isNull()) << fault;
@@ -132,11 +132,11 @@ TEST_F(OneCommand, TellsEveryStatusInTheConsolesWords) {
 
 TEST_F(OneCommand, TellsWhatWasReceivedWhenTheTimeIsUp) {
   Begin();
-  EXPECT_EQ(StatusWith("drop 3"), 3);
+  EXPECT_EQ(StatusWith("drop 3", 1000), 3);
   EXPECT_EQ(Member("received"), "06 02 20 56 41 4E 54 52 45 4C 20 31 2E 30 31 03 13");
-  EXPECT_EQ(StatusWith("extra 41FF"), 3);
+  EXPECT_EQ(StatusWith("extra 41FF", 1000), 3);
   EXPECT_EQ(Member("received"), "06 02 58 20 56 41 4E 54 52 45 4C 20 31 2E 30 31 03 13 41 FF");
-  EXPECT_EQ(StatusWith("late 60000"), 3);
+  EXPECT_EQ(StatusWith("late 60000", 1000), 3);
   EXPECT_EQ(Member("received"), "06");
   EXPECT_EQ(Member("outcome"), "time-up");
 }
@@ -202,6 +202,9 @@ TEST_F(OneCommand, TakesExpectedStatusesAloneAsSuccess) {
   EXPECT_EQ(Send({"58", "--expect", "22"}).status, 1);
   ASSERT_EQ(Ask("fault reject"), "ok");
   EXPECT_EQ(Send({"58", "--expect", "22"}).status, 1);
+  ASSERT_EQ(Ask("fault silence"), "ok");
+  EXPECT_EQ(Send({"58", "--expect", "22", "--time-limit", "20"}).status, 1);
+  EXPECT_EQ(SendTo({"--port", "/dev/no-such-device", "58", "--expect", "22"}).status, 5);
 }
 
 TEST_F(OneCommand, WritesFramesAndOpensNothing) {
@@ -301,7 +304,7 @@ TEST_F(OneCommand, PutsThePortsSettingsBackAfterASignal) {
 TEST_F(OneCommand, PutsThePortsSettingsBackAfterATimeUpAndARejection) {
   Begin();
   const LeftSettings settings(device_);
-  EXPECT_EQ(StatusWith("silence"), 3);
+  EXPECT_EQ(StatusWith("silence", 20), 3);
   EXPECT_EQ(StatusWith("reject"), 4);
   settings.ExpectThem();
 }

@@ -99,6 +99,8 @@ TEST(Parameters, KeepImagesInTheImageArea) {
   ExpectRefused({{"4D", "--x", "479", "--line-bytes", "1", "0000"}},
                 "HEX has 2 lines; from line 479 on, 1 fit.");
   ExpectRefused({{"4D", "00"}}, "HEX has 1 byte, which are no whole lines of 5.");
+  ExpectRefused({{"4D", "--line-bytes", "0", "00"}},
+                "--line-bytes is a number from 1 to 40, not '0'.");
   ExpectRefused({{"4D", "--line-bytes", "41", "00"}, {"4D", "00", "--line-bytes", "41"}},
                 "--line-bytes is a number from 1 to 40, not '41'.");
   ExpectRefused({{"4D", "--y", "38", "--line-bytes", "3", "000000"}},
@@ -176,6 +178,26 @@ TEST(Parameters, CanAllBeReplacedByData) {
   ExpectRefused({{"41", "--data", "00", "--x", "1"}},
                 "--data stands in place of options such as --x.");
   ExpectRefused({{"41", "T", "--data", "00"}}, "--data stands in place of parameters such as 'T'.");
+}
+
+TEST(Parameters, OfTheProgramHaveTheirRangesToo) {
+  ExpectTaken({{"58", "--speed", "50"},
+               {"58", "--speed", "4000000"},
+               {"58", "--repeat", "1"},
+               {"58", "--repeat", "1000000000"},
+               {"58", "--time-limit", "1"},
+               {"58", "--time-limit", "3600000"}});
+  for (const char* good : {"1", "1000000000"})
+    EXPECT_NO_THROW(commandline::Parse(SendTable(), Words{"-", "--from", good}));
+  ExpectRefused({{"58", "--speed", "4000001"}},
+                "--speed is a number from 50 to 4000000, not '4000001'.");
+  ExpectRefused({{"58", "--repeat", "1000000001"}},
+                "--repeat is a number from 1 to 1000000000, not '1000000001'.");
+  ExpectRefused({{"-", "--from", "1000000001"}},
+                "--from is a number from 1 to 1000000000, not '1000000001'.");
+  for (const char* bad : {"+1", "-1", "0x10", "1e3", " 1", "1.0", ""})
+    EXPECT_EQ(Refusal({"58", "--time-limit", bad}),
+              std::string("--time-limit is a number from 1 to 3600000, not '") + bad + "'.");
 }
 
 TEST(Parameters, NameTheStatusesThatAreExpected) {

@@ -132,6 +132,11 @@ TEST(PictureFrames, RefuseWhatTheyCannotBe) {
             "--line-bytes is for HEX, not for --picture.");
   EXPECT_EQ(Refusal({"43", "--picture", "p", "--frame-bytes", "19"}, means),
             "--frame-bytes is a number from 20 to 65536, not '19'.");
+  EXPECT_EQ(Refusal({"43", "--picture", "p", "--frame-bytes", "65537"}, means),
+            "--frame-bytes is a number from 20 to 65536, not '65537'.");
+  EXPECT_EQ(
+      Refusal({"43", "--picture", "p", "--frame-bytes", "65536", "--threshold", "256"}, means), "");
+  EXPECT_EQ(Refusal({"43", "--picture", "p", "--threshold", "0"}, means), "");
   EXPECT_EQ(Refusal({"43", "--picture", "p", "--threshold", "257"}, means),
             "--threshold is a number from 0 to 256, not '257'.");
   EXPECT_EQ(Refusal({"44", "0", "--picture", "p"}, means), "");
