@@ -40,7 +40,7 @@ SerialPrinterEnd::SerialPrinterEnd(std::string device)
 SerialPrinterEnd::~SerialPrinterEnd() {
   ioctl(Descriptor(), TIOCNXCL);
   // First the speed: an odd one is no part of what the settings can tell.
-  if (found_speed_) SerialPrinterEnd::SetSpeed(*found_speed_);
+  if (found_speed_) TakeSpeed(*found_speed_);
   tcsetattr(Descriptor(), TCSANOW, &found_);
 }
 
@@ -52,10 +52,11 @@ ssize_t SerialPrinterEnd::Write(const link::Bytes& bytes) {
   return write(Descriptor(), bytes.data(), bytes.size());
 }
 
-void SerialPrinterEnd::SetSpeed(int speed) {
-  if (speed == speed_) return;
+bool SerialPrinterEnd::TakeSpeed(int speed) {
+  if (speed == speed_) return takes_speed_;
   speed_ = speed;
-  protocol::SetLineSpeed(Descriptor(), speed);
+  takes_speed_ = protocol::SetLineSpeed(Descriptor(), speed);
+  return takes_speed_;
 }
 
 }  // namespace vantrel::log

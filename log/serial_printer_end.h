@@ -24,15 +24,18 @@ class SerialPrinterEnd final : public PrinterEnd {
   int Descriptor() const override { return device_.Get(); }
   ssize_t Read(link::Bytes& room) override;
   ssize_t Write(const link::Bytes& bytes) override;
-  void SetSpeed(int speed) override;
+  void SetSpeed(int speed) override { TakeSpeed(speed); }
+  // The same; false where the device does not take it.
+  bool TakeSpeed(int speed);
 
  private:
   std::string name_;
+  std::optional<DeviceLock> lock_;  // given back once the device is closed
   link::UniqueDescriptor device_;
-  std::optional<DeviceLock> lock_;
   termios found_{};  // the settings to leave
   std::optional<int> found_speed_;
   int speed_ = 9600;
+  bool takes_speed_ = true;
 };
 
 }  // namespace vantrel::log

@@ -1,12 +1,13 @@
 #include "send/line_port.h"
 
+#include "protocol/tcp_address.h"
+
 #include <poll.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <charconv>
 #include <chrono>
-#include <cstring>
+#include <stdexcept>
 
 namespace vantrel::send {
 namespace {
@@ -32,12 +33,11 @@ class Opening : public EventSource {
 
 bool IsTcpAddress(const std::string& address) {
   if (!address.starts_with(kTcp)) return false;
-  const std::size_t colon = address.rfind(':');
-  const std::string port = address.substr(colon + 1);
-  int number = 0;
-  const auto [end, error] = std::from_chars(port.data(), port.data() + port.size(), number);
-  return colon > kTcp.size() && error == std::errc() && end == port.data() + port.size() &&
-         number >= 1 && number <= 65535;
+  try {
+    return protocol::ParseTcpAddress(address.substr(kTcp.size()), "").port > 0;
+  } catch (const std::invalid_argument&) {
+    return false;
+  }
 }
 
 LinePort::LinePort(std::string address, int speed, PollClock& clock)

@@ -1,5 +1,6 @@
 #include "link/port.h"
 #include "link/unique_descriptor.h"
+#include "protocol/tcp_address.h"
 #include "send/connection.h"
 
 #include <netdb.h>
@@ -85,11 +86,8 @@ class Connector {
       : address_(std::move(address)), wait_for_(wait_for), end_(SteadyClock::now() + limit) {}
 
   std::unique_ptr<Connection> Connect() {
-    const std::size_t colon = address_.rfind(':');
-    std::string host = address_.substr(0, colon);
-    if (host.size() > 2 && host.front() == '[' && host.back() == ']')
-      host = host.substr(1, host.size() - 2);
-    const Lookup lookup(host, address_.substr(colon + 1));
+    const protocol::TcpAddress address = protocol::ParseTcpAddress(address_, "");
+    const Lookup lookup(address.host, std::to_string(address.port));
     Wait(lookup.Descriptor(), POLLIN);
     if (lookup.Error() != 0) throw NoConnection(address_, gai_strerror(lookup.Error()));
     int error = EHOSTUNREACH;
