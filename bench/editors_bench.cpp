@@ -1,8 +1,7 @@
 // Do the editors of dots answer within a frame (16 ms), and does the image editor open within 50
 // ms? Run off-screen: QT_QPA_PLATFORM=offscreen editors_bench.
 
-#include "dialogs/dialogs.h"
-#include "dialogs/guard.h"
+#include "bench/quiet.h"
 #include "editors/frm_external_font.h"
 #include "editors/frm_external_image.h"
 
@@ -13,24 +12,6 @@
 
 namespace vantrel::bench {
 namespace {
-
-// No box is shown by what is measured here.
-class NoDialogs : public dialogs::Dialogs {
- public:
-  dialogs::Answer MsgBox(const std::string&, dialogs::Buttons, const std::string&,
-                         dialogs::Icon) override {
-    return dialogs::Answer::kOk;
-  }
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-    return {};
-  }
-};
-
-// Nothing of what is measured here throws.
-class NoGuard : public dialogs::Guard {
- public:
-  void Run(const std::function<void()>& work) override { work(); }
-};
 
 void Press(QWidget& form, const char* button) { form.findChild<QPushButton*>(button)->click(); }
 

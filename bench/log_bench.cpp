@@ -1,9 +1,8 @@
 // What does one more entry cost the log of the line and its table, with none and with a million in
 // it? And what do the words of a frame cost?
 
-#include "dialogs/dialogs.h"
+#include "bench/quiet.h"
 #include "dialogs/file_chooser.h"
-#include "dialogs/guard.h"
 #include "link/frame.h"
 #include "log/line_recorder.h"
 #include "log/log_model.h"
@@ -19,7 +18,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <functional>
 #include <string>
 
 namespace vantrel::bench {
@@ -27,27 +25,11 @@ namespace {
 
 const QByteArray kFrame = QByteArray::fromHex("02210322");
 
-// A panel that is only filtered asks and tells nothing.
-class NoDialogs : public dialogs::Dialogs {
- public:
-  dialogs::Answer MsgBox(const std::string&, dialogs::Buttons, const std::string&,
-                         dialogs::Icon) override {
-    return dialogs::Answer::kOk;
-  }
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-    return {};
-  }
-};
-
+// No file is asked for.
 class NoFiles : public dialogs::FileChooser {
  public:
   QString SaveName(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
   QString OpenName(QWidget*, const QString&, const QString&) override { return {}; }
-};
-
-class NoGuard : public dialogs::Guard {
- public:
-  void Run(const std::function<void()>& work) override { work(); }
 };
 
 // An entry into a log that holds as many as the argument says.

@@ -43,7 +43,8 @@ QLabel* MakeWords(const char* name, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
+  // A text that wraps would ask for the height that the picture likes best.
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   return label;
 }
 
@@ -87,9 +88,7 @@ void BufferPage::Draw() {
   const int dots = buffer_->BlackDots();
   LblBuffer->setText(dots == 0
                          ? tr("The print expansion buffer is empty: 41h to 4Eh fill it.")
-                         : tr("Print expansion buffer, %L1 black: the next print puts it on the "
-                              "card.")
-                               .arg(dots));
+                         : tr("%L1 black dots: the next print puts them on the card.").arg(dots));
   std::vector<Registered> registered = AllRegistered();
   if (registered != registered_) {
     registered_ = std::move(registered);
@@ -98,10 +97,9 @@ void BufferPage::Draw() {
       LstRegistered->addItem(new QListWidgetItem(IconOf(picture), name));
   }
   LstRegistered->setVisible(!registered_.empty());
-  LblRegistered->setText(
-      registered_.empty()
-          ? tr("No character and no image is registered: 44h, 45h and 4Bh register them.")
-          : tr("Registered: %1.").arg(registered_.size()));
+  LblRegistered->setText(registered_.empty()
+                             ? tr("Nothing is registered: 44h, 45h and 4Bh do that.")
+                             : tr("Registered: %1.").arg(registered_.size()));
 }
 
 std::vector<BufferPage::Registered> BufferPage::AllRegistered() const {

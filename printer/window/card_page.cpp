@@ -41,6 +41,7 @@ CardPage::CardPage(PrinterModel& model, PrinterServer& server, dialogs::Helpers 
       slot_(new CardSlotView(this)) {
   slot_->setObjectName("CardSlotView");
   auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(9, 6, 9, 4);
   layout->setSpacing(6);
   layout->addWidget(slot_, 1);
   layout->addLayout(MakeHand());
@@ -50,9 +51,10 @@ CardPage::CardPage(PrinterModel& model, PrinterServer& server, dialogs::Helpers 
   LblTracks = new QLabel(this);
   LblTracks->setObjectName("LblTracks");
   LblTracks->setTextFormat(Qt::PlainText);
-  LblTracks->setWordWrap(true);
-  // Room for two lines, so that nothing moves when something is typed.
-  LblTracks->setMinimumHeight(2 * LblTracks->fontMetrics().lineSpacing());
+  // It is cut where it is wider than the page, and makes that no wider. Room for two lines, so that
+  // nothing moves when something is typed.
+  LblTracks->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  LblTracks->setFixedHeight(2 * LblTracks->fontMetrics().lineSpacing());
   LblTracks->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   layout->addWidget(LblTracks);
   Refresh();
@@ -173,12 +175,14 @@ void CardPage::ShowEdits() {
     overtaken += track.isEmpty() ? tr("Track %1 is empty now.").arg(i + 1)
                                  : tr("Track %1 holds \"%2\" now.").arg(i + 1).arg(track);
   }
-  QStringList sentences;
-  if (!edited.isEmpty())
-    sentences += tr("Track %1 is not recorded yet: Enter records it, Escape takes it back.")
-                     .arg(edited.join(", "));
-  sentences += overtaken;
-  LblTracks->setText(sentences.join(' '));
+  QString text;
+  if (!edited.isEmpty()) {
+    text = (QStringList(tr("Track %1 is not recorded yet.").arg(edited.join(", "))) + overtaken)
+               .join(' ') +
+           '\n' + tr("Enter records it, Escape takes it back.");
+  }
+  LblTracks->setText(text);
+  LblTracks->setToolTip(text);
 }
 
 void CardPage::CmdInsertCard_Click() { server_.InsertCard(); }

@@ -55,7 +55,7 @@ void CardSlotView::ShowLed(bool lit, const QColor& colour) {
 
 QSize CardSlotView::sizeHint() const { return kGrid.toSize(); }
 
-QSize CardSlotView::minimumSizeHint() const { return (kGrid * 0.55).toSize(); }
+QSize CardSlotView::minimumSizeHint() const { return (kGrid * 0.48).toSize(); }
 
 void CardSlotView::paintEvent(QPaintEvent*) {
   QPainter painter(this);

@@ -27,6 +27,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QSplitter>
 #include <QTabWidget>
@@ -129,7 +130,8 @@ void FrmPrinter::AddPage(QWidget* page, const QString& title) {
   scroll->setFocusPolicy(Qt::NoFocus);
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll->setWidget(page);
-  scroll->setMinimumWidth(page->minimumSizeHint().width());
+  scroll->setMinimumWidth(page->minimumSizeHint().width() +
+                          scroll->verticalScrollBar()->sizeHint().width());
   scroll->viewport()->setAutoFillBackground(false);
   page->setAutoFillBackground(false);
   pages_->addTab(scroll, title);

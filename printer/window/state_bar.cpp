@@ -126,7 +126,11 @@ void StateBar::Add(const QString& caption, QWidget* value, QWidget* sign, QWidge
   auto* row = new QHBoxLayout;
   row->setSpacing(6);
   if (sign != nullptr) row->addWidget(sign, 0, Qt::AlignVCenter);
-  row->addWidget(value, 1);
+  // A value of a fixed height leaves its caption where the others are.
+  if (value->maximumHeight() < QWIDGETSIZE_MAX)
+    row->addWidget(value, 1, Qt::AlignLeft | Qt::AlignVCenter);
+  else
+    row->addWidget(value, 1);
   if (more != nullptr) row->addWidget(more, 0, Qt::AlignVCenter);
   auto* column = new QVBoxLayout;
   column->setSpacing(1);

@@ -17,8 +17,7 @@ class BufferPageTest : public support::PrinterFormBench {
 
 TEST_F(BufferPageTest, SaysWhatFillsIt) {
   EXPECT_EQ(Label("LblBuffer"), "The print expansion buffer is empty: 41h to 4Eh fill it.");
-  EXPECT_EQ(Label("LblRegistered"),
-            "No character and no image is registered: 44h, 45h and 4Bh register them.");
+  EXPECT_EQ(Label("LblRegistered"), "Nothing is registered: 44h, 45h and 4Bh do that.");
   EXPECT_FALSE(Find<QListWidget>("LstRegistered")->isVisible());
 }
 
@@ -28,8 +27,7 @@ TEST_F(BufferPageTest, ShowsWhatTheNextPrintPutsOnTheCard) {
   auto* buffer = Find<FaceView>("BufferView");
   ASSERT_TRUE(QTest::qWaitFor([&] { return buffer->BlackDots() == 8; }));
   EXPECT_EQ(buffer->accessibleName(), "Print expansion buffer, 480 by 320 dots, 8 black");
-  EXPECT_EQ(Label("LblBuffer"),
-            "Print expansion buffer, 8 black: the next print puts it on the card.");
+  EXPECT_EQ(Label("LblBuffer"), "8 black dots: the next print puts them on the card.");
   EXPECT_EQ(Find<FaceView>("FaceView")->BlackDots(), 0);
 }
 

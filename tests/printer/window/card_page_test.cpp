@@ -81,7 +81,7 @@ TEST_F(CardPageTest, RecordsATrackByEnterAlone) {
   QTest::keyClicks(Track(1), "ER");
   EXPECT_EQ(model_.State().card.tracks[0], "OLD");
   EXPECT_EQ(Label("LblTracks"),
-            "Track 1 is not recorded yet: Enter records it, Escape takes it back.");
+            "Track 1 is not recorded yet.\nEnter records it, Escape takes it back.");
   QTest::keyClick(Track(1), Qt::Key_Return);
   EXPECT_EQ(model_.State().card.tracks[0], "OLDER");
   EXPECT_EQ(Label("LblTracks"), "");
@@ -105,8 +105,8 @@ TEST_F(CardPageTest, KeepsAnEditWhenACommandChangesTheTrackMeanwhile) {
   model_.SetTrack(0, "WRITTEN");
   EXPECT_EQ(Track(1)->text(), "OLDER");
   EXPECT_EQ(Label("LblTracks"),
-            "Track 1 is not recorded yet: Enter records it, Escape takes it back. "
-            "Track 1 holds \"WRITTEN\" now.");
+            "Track 1 is not recorded yet. Track 1 holds \"WRITTEN\" now.\n"
+            "Enter records it, Escape takes it back.");
   QTest::keyClick(Track(1), Qt::Key_Escape);
   EXPECT_EQ(Track(1)->text(), "WRITTEN");
   EXPECT_EQ(Label("LblTracks"), "");
