@@ -16,6 +16,9 @@ class DotEditor {
   DotEditor& operator=(const DotEditor&) = delete;
 
   const DotPattern& Dots() const { return dots_; }
+  // The columns, and the dots of each from the top, that the data field carries.
+  int PrintedColumns() const { return LastColumn() + 1; }
+  virtual int PrintedRows() const = 0;
   // 0-based. Throw std::out_of_range.
   bool RowSelectorVisible(int row) const { return rows_.at(static_cast<std::size_t>(row)); }
   bool ColumnSelectorVisible(int column) const {

@@ -19,11 +19,10 @@ namespace {
 
 using Kind = DotGrid::Target::Kind;
 
-// In units of the scale.
-constexpr int kPitch = 8;
-constexpr int kDotSize = 9;
+constexpr int kLeastPitch = 8;  // in units of the scale
+// So large that a screen of any size keeps a grid that can be looked at as a whole.
+constexpr int kGreatestPitch = 48;
 constexpr int kOriginMark = 8;    // diameter of the circle at the top left corner
-constexpr int kSelectorGap = 4;   // between the dots and their selectors
 constexpr int kDotsADivider = 8;  // dots between two dividers
 // Contrast ratio under which black and the colour of a clear dot are hard to tell apart.
 constexpr double kPoorContrast = 4.5;
@@ -66,16 +65,18 @@ DotGrid::DotGrid(const QString& name, DotEditor& editor, int scale, dialogs::Gua
       "Arrow keys move, Space sets or clears a dot or selects a row or column, Delete clears a row "
       "or column.");
   setFocusPolicy(Qt::StrongFocus);
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   MeasureShown();
+  resize(DotGrid::sizeHint());
   shown_ = LookOfTargets();
 }
 
 QPoint DotGrid::OriginOfDots() const { return {kOriginMark + 2, kOriginMark + 2}; }
 
 QRect DotGrid::CellRect(int column, int row) const {
-  return QRect(OriginOfDots() + QPoint(column, row) * (kPitch * scale_),
-               QSize(kDotSize, kDotSize) * scale_);
+  // The line to the next dot belongs to both.
+  const int pitch = Pitch();
+  return {OriginOfDots() + QPoint(column, row) * pitch, QSize(pitch + scale_, pitch + scale_)};
 }
 
 QRect DotGrid::DotRect(int index) const {
@@ -86,13 +87,13 @@ QRect DotGrid::DotRect(int index) const {
 
 QRect DotGrid::RowSelectorRect(int row) const {
   if (row < 0 || row >= editor_.Dots().Rows() || !editor_.RowSelectorVisible(row)) return {};
-  return CellRect(shown_columns_, row).translated(kSelectorGap * scale_, 0);
+  return CellRect(shown_columns_, row).translated(Pitch() / 2, 0);
 }
 
 QRect DotGrid::ColumnSelectorRect(int column) const {
   if (column < 0 || column >= editor_.Dots().Columns() || !editor_.ColumnSelectorVisible(column))
     return {};
-  return CellRect(column, shown_rows_).translated(0, kSelectorGap * scale_);
+  return CellRect(column, shown_rows_).translated(0, Pitch() / 2);
 }
 
 QRect DotGrid::RectOf(const Target& target) const {
@@ -148,9 +149,9 @@ QString DotGrid::NameOf(const Target& target) const {
 
 QSize DotGrid::sizeHint() const {
   // Of the whole grid, so that a form keeps its size when dots are hidden.
-  const QRect last = CellRect(editor_.Dots().Columns(), editor_.Dots().Rows())
-                         .translated(kSelectorGap * scale_, kSelectorGap * scale_);
-  return {last.right() + 1, last.bottom() + 1};
+  const auto length = [this](int cells) { return LengthOf(cells, kLeastPitch * scale_); };
+  return QSize(length(editor_.Dots().Columns()), length(editor_.Dots().Rows())) +
+         QSize(OriginOfDots().x(), OriginOfDots().y());
 }
 
 void DotGrid::Click(const Target& target) {
@@ -190,6 +191,18 @@ void DotGrid::MeasureShown() {
   }
 }
 
+int DotGrid::Pitch() const {
+  // The inverse of LengthOf, rounded down.
+  const auto fitting = [this](int length, int cells) {
+    const int pitch = std::max(0, 2 * (length - scale_) / (2 * cells + 3));
+    return LengthOf(cells, pitch + 1) <= length ? pitch + 1 : pitch;
+  };
+  const QPoint origin = OriginOfDots();
+  return std::clamp(std::min(fitting(width() - origin.x(), shown_columns_),
+                             fitting(height() - origin.y(), shown_rows_)),
+                    kLeastPitch * scale_, kGreatestPitch);
+}
+
 std::vector<std::uint8_t> DotGrid::LookOfTargets() const {
   std::vector<std::uint8_t> looks;
   looks.reserve(static_cast<std::size_t>(TargetCount()));
@@ -221,6 +234,7 @@ void DotGrid::Refresh() {
     update();
   else if (!changed.isEmpty())
     update(changed);
+  emit Refreshed();
 }
 
 // ---- mouse -------------------------------------------------------------------------------------
@@ -229,9 +243,9 @@ std::optional<DotGrid::Target> DotGrid::HitAt(const QPoint& position) const {
   const DotPattern& dots = editor_.Dots();
   const QPoint from_origin = position - OriginOfDots();
   // A line between two cells belongs to the cell right of it or below it, the last one to the last.
-  const auto cell = [this](int distance, int count) {
-    if (distance < 0 || distance >= (count * kPitch + 1) * scale_) return -1;
-    return std::min(distance / (kPitch * scale_), count - 1);
+  const auto cell = [this, pitch = Pitch()](int distance, int count) {
+    if (distance < 0 || distance >= count * pitch + scale_) return -1;
+    return std::min(distance / pitch, count - 1);
   };
   const int column = cell(from_origin.x(), shown_columns_);
   const int row = cell(from_origin.y(), shown_rows_);
@@ -380,9 +394,8 @@ void DotGrid::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const QRect area = event->rect();
   const DotPattern& dots = editor_.Dots();
-  const int pitch = kPitch * scale_;
-  const QPoint first = (area.topLeft() - OriginOfDots()) / pitch - QPoint(1, 1);
-  const QPoint last = (area.bottomRight() - OriginOfDots()) / pitch;
+  const QPoint first = (area.topLeft() - OriginOfDots()) / Pitch() - QPoint(1, 1);
+  const QPoint last = (area.bottomRight() - OriginOfDots()) / Pitch();
   for (int column = std::max(0, first.x()); column <= std::min(last.x(), shown_columns_ - 1);
        ++column) {
     for (int row = std::max(0, first.y()); row <= std::min(last.y(), shown_rows_ - 1); ++row) {

@@ -29,9 +29,10 @@ class DotGrid : public QWidget {
     bool operator==(const Target&) const = default;
   };
 
-  // `editor` and `guard`, inside which the editor hears of clicks, must outlive the grid. A dot is
-  // 9 device-independent pixels wide on a pitch of 8, times `scale`; neighbours share the line
-  // between them.
+  // `editor` and `guard`, inside which the editor hears of clicks, must outlive the grid. At the
+  // least size, a dot is 9 device-independent pixels wide on a pitch of 8, times `scale`;
+  // neighbours share the line between them. In a larger grid the shown dots grow by whole pixels,
+  // as large as fit.
   DotGrid(const QString& name, DotEditor& editor, int scale, dialogs::Guard& guard,
           QWidget* parent = nullptr);
 
@@ -60,6 +61,10 @@ class DotGrid : public QWidget {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
+ signals:
+  // The editor may have changed.
+  void Refreshed();
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -73,9 +78,13 @@ class DotGrid : public QWidget {
   QPoint OriginOfDots() const;
   // Where the cell in `column` and `row` lies, hidden or not.
   QRect CellRect(int column, int row) const;
+  // How long so many cells of a pitch are, with the selectors after them.
+  int LengthOf(int cells, int pitch) const { return (cells + 1) * pitch + pitch / 2 + scale_; }
   std::optional<Target> HitAt(const QPoint& position) const;
   // The columns or rows up to the last that has a visible dot.
   void MeasureShown();
+  // From dot to dot, in pixels.
+  int Pitch() const;
   std::vector<std::uint8_t> LookOfTargets() const;
 
   void MoveCursor(int columns, int rows);

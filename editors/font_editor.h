@@ -19,6 +19,7 @@ class FontEditor : public DotEditor {
   // `common` says the mode and takes the data field; it must outlive the editor.
   explicit FontEditor(link::CommonVariables& common);
 
+  int PrintedRows() const override { return is_24_dot_ ? 24 : 16; }
   // The index of the last dot in use: a whole number of columns of 24.
   int LastDotIndex() const { return last_dot_index_; }
 

@@ -1,6 +1,7 @@
 #include "editors/form_parts.h"
 
 #include "dialogs/named_widgets.h"
+#include "editors/dot_preview.h"
 
 #include <QVBoxLayout>
 
@@ -9,7 +10,16 @@ namespace vantrel::editors {
 QBoxLayout* MakeMatrixLayout(QWidget* frame, const QString& origin, DotGrid* grid) {
   auto* layout = new QVBoxLayout(frame);
   layout->addWidget(dialogs::MakeLabel("LblOrigin", origin));
-  layout->addWidget(grid);
+  auto* preview = new DotPreview(grid->Editor());
+  QObject::connect(grid, &DotGrid::Refreshed, preview, &DotPreview::Refresh);
+  auto* beside = new QVBoxLayout;
+  beside->addWidget(dialogs::MakeLabel("LblPreview", "1:1"));
+  beside->addWidget(preview);
+  beside->addStretch();
+  auto* pictures = new QHBoxLayout;
+  pictures->addWidget(grid, 1);
+  pictures->addLayout(beside);
+  layout->addLayout(pictures, 1);
   auto* row = new QHBoxLayout;
   row->addWidget(dialogs::MakeLabel("LblDescriptipn", "Click -> Select DbClick -> DeSelect"));
   row->addStretch();

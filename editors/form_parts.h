@@ -9,8 +9,8 @@ namespace vantrel::editors {
 
 // What both editing forms of dots are made of.
 
-// Lays out the origin's label, the grid and the hint in `frame`; returns the row below them, at
-// whose right end the buttons go.
+// Lays out the origin's label, the grid, the picture as it prints and the hint in `frame`; returns
+// the row below them, at whose right end the buttons go.
 QBoxLayout* MakeMatrixLayout(QWidget* frame, const QString& origin, DotGrid* grid);
 // Fills `form` with `body` and a status bar StatusBarExImage below it.
 dialogs::PanelBar* AddBodyAndStatusBar(QWidget* form, QLayout* body);

@@ -27,7 +27,7 @@ FrmExternalFont::FrmExternalFont(link::CommonVariables& common, dialogs::Dialogs
 
   auto* body = new QHBoxLayout;
   body->addLayout(side);
-  body->addWidget(MakeMatrix());
+  body->addWidget(MakeMatrix(), 1);
   status_bar_ = AddBodyAndStatusBar(this, body);
   ShowEditor();
 }

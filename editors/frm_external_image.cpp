@@ -32,7 +32,7 @@ FrmExternalImage::FrmExternalImage(link::CommonVariables& common, dialogs::Dialo
 
   auto* body = new QHBoxLayout;
   body->addLayout(side);
-  body->addWidget(MakeMatrix());
+  body->addWidget(MakeMatrix(), 1);
   status_bar_ = AddBodyAndStatusBar(this, body);
   // From the boxes to what comes next in either step.
   setTabOrder(set_, grid_.get());

@@ -2,6 +2,7 @@
 
 #include "link/typed_number.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vantrel::editors {
@@ -58,6 +59,8 @@ std::optional<ImageEditor::InvalidCoordinate> ImageEditor::CmdSet_Click(std::str
   SizeGrid(static_cast<int>(std::nearbyint(x)), static_cast<int>(std::nearbyint(y)));
   return std::nullopt;
 }
+
+int ImageEditor::PrintedRows() const { return std::min((last_byte_index_ + 1) * 8, kDots); }
 
 void ImageEditor::SizeGrid(int x, int y) {
   const bool block = common_.IsBlockMode;

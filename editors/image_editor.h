@@ -36,6 +36,7 @@ class ImageEditor : public DotEditor {
   explicit ImageEditor(link::CommonVariables& common);
 
   Step CurrentStep() const { return step_; }
+  int PrintedRows() const override;
   // The last line that the data field carries, and the last byte of each line.
   int LastLineIndex() const { return last_line_index_; }
   int LastByteIndex() const { return last_byte_index_; }

@@ -67,6 +67,49 @@ TEST_F(DotGridTest, DotsAreNinePixelsOnAPitchOfEight) {
   EXPECT_TRUE(grid_.rect().contains(grid_.ColumnSelectorRect(39)));
 }
 
+TEST_F(DotGridTest, InALargerWindowTheDotsGrowByWholePixelsAsLargeAsFit) {
+  for (const QSize larger : {QSize(500, 700), QSize(700, 500), QSize(1000, 1000)}) {
+    grid_.resize(larger);
+    const QRect first = grid_.DotRect(0);
+    const int pitch = grid_.DotRect(1).top() - first.top();
+    EXPECT_EQ(grid_.DotRect(40).left() - first.left(), pitch);
+    EXPECT_EQ(first.size(), QSize(pitch + 1, pitch + 1));
+    EXPECT_TRUE(grid_.rect().contains(grid_.RowSelectorRect(39)));
+    EXPECT_TRUE(grid_.rect().contains(grid_.ColumnSelectorRect(39)));
+    // 41 cells and the gap before the selectors do not fit at one pixel more.
+    const int shorter = std::min(larger.width(), larger.height()) - first.left();
+    EXPECT_GT(41 * (pitch + 1) + (pitch + 1) / 2 + 1, shorter);
+    EXPECT_GT(pitch, 8);
+  }
+}
+
+TEST_F(DotGridTest, FewerDotsAreLarger) {
+  grid_.resize(600, 600);
+  const int before = grid_.DotRect(0).width();
+  Size("470", "37");  // 10 lines of 24 dots
+  EXPECT_GT(grid_.DotRect(0).width(), before);
+  EXPECT_TRUE(grid_.rect().contains(grid_.RowSelectorRect(23)));
+  EXPECT_TRUE(grid_.rect().contains(grid_.ColumnSelectorRect(9)));
+}
+
+TEST_F(DotGridTest, AClickHitsTheDotUnderItInALargerWindow) {
+  grid_.resize(900, 900);
+  Show();
+  ClickAt(grid_, grid_.DotRect(39 * 40 + 38));
+  EXPECT_TRUE(IsBlack(grid_, 39 * 40 + 38));
+  ClickAt(grid_, grid_.RowSelectorRect(2));
+  EXPECT_TRUE(IsBlack(grid_, 5 * 40 + 2));
+}
+
+TEST_F(DotGridTest, ALargerGridIsPaintedAnew) {
+  grid_.resize(grid_.sizeHint());
+  Show();
+  ClickAt(grid_, grid_.DotRect(0));
+  grid_.resize(900, 900);
+  EXPECT_EQ(ColorAt(grid_.DotRect(0).center()), QColor(Qt::black));
+  EXPECT_NE(ColorAt(grid_.DotRect(1).center()), QColor(Qt::black));
+}
+
 TEST_F(DotGridTest, SelectorsStandRightOfTheirRowAndBelowTheirColumn) {
   EXPECT_EQ(grid_.RowSelectorRect(5).top(), grid_.DotRect(5).top());
   EXPECT_GT(grid_.RowSelectorRect(5).left(), grid_.DotRect(39 * 40 + 5).right());
