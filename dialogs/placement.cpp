@@ -16,7 +16,7 @@ QPoint CentreOver(const QRect& over, const QSize& size, const QRect& available) 
 
 void PlaceOver(QWidget& window, const QWidget& other, const QRect& other_frame) {
   window.setScreen(other.screen());
-  window.adjustSize();
+  if (!window.testAttribute(Qt::WA_Resized)) window.adjustSize();
   // The other window's frame will be its own, too.
   const QSize frame = other_frame.size() - other.size();
   window.move(CentreOver(other_frame, window.size() + frame, other.screen()->availableGeometry()));

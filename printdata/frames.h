@@ -5,6 +5,9 @@
 
 namespace vantrel::printdata {
 
+// Between two frames, in both directions, and between them and the form's edge; pixels.
+inline constexpr int kFrameSpacing = 9;
+
 // A frame with its design name.
 inline QGroupBox* MakeFrame(const QString& name, const QString& caption) {
   auto* frame = new QGroupBox(caption);

@@ -59,15 +59,18 @@ Frm4E::Frm4E(link::CommonVariables& common, dialogs::Guard& guard, QWidget* pare
     choices->addWidget(frame, 0, 1);
   }
   choices->addWidget(MakeBarcodeData(), 1, 0, 1, 2);
-  choices->setRowStretch(2, 1);
+  choices->setSpacing(kFrameSpacing);
+  // It ends where the types' frame does.
+  choices->setRowStretch(1, 1);
   choices->setColumnStretch(0, 1);
   choices->setColumnStretch(1, 1);
   auto* top = new QHBoxLayout;
+  top->setSpacing(kFrameSpacing);
   top->addWidget(barcode_type);
   top->addLayout(choices, 1);
   auto* all = new QVBoxLayout;
-  const int margin = 9;
-  all->setContentsMargins(margin, margin, margin, margin);
+  all->setContentsMargins(kFrameSpacing, kFrameSpacing, kFrameSpacing, kFrameSpacing);
+  all->setSpacing(kFrameSpacing);
   all->addLayout(top);
   all->addWidget(fra_key_, 1);
   auto* form = new QVBoxLayout(this);
@@ -151,6 +154,7 @@ QGroupBox* Frm4E::MakeKeys() {
   keys->setContentsMargins(0, 0, 0, 0);
   key_grid_ = new QGridLayout;
   key_grid_->setSpacing(kKeySpacing);
+  keys->addStretch();
   keys->addLayout(key_grid_);
   keys->addStretch();
   for (int i = 0; i < kBarcodeKeyCount; ++i) {

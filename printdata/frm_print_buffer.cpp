@@ -57,6 +57,7 @@ QGroupBox* FrmPrintBuffer::MakeCardDirection() {
     layout->addWidget(option, 0, Qt::AlignLeft);
     opt_direction_[static_cast<std::size_t>(i)] = option;
   }
+  layout->addStretch();
   opt_direction_[2]->setChecked(true);
   return frame;
 }
@@ -118,9 +119,11 @@ QGroupBox* FrmPrintBuffer::MakeCommandButtons() {
 
 void FrmPrintBuffer::MakeLayout(QGroupBox* card_direction, QGroupBox* coordinate) {
   auto* fields = new QVBoxLayout;
+  fields->setSpacing(kFrameSpacing);
   for (QWidget* frame : {card_direction, coordinate, fra_print_text_, fra_image_no_})
     fields->addWidget(frame);
-  fields->addStretch();
+  // The frames end where the diagram's does.
+  fields->setStretchFactor(card_direction, 1);
 
   // Both diagrams have the same place, so that the form keeps its size when they change.
   auto* diagrams = new QGridLayout;
@@ -135,11 +138,12 @@ void FrmPrintBuffer::MakeLayout(QGroupBox* card_direction, QGroupBox* coordinate
   }
 
   auto* top = new QHBoxLayout;
+  top->setSpacing(kFrameSpacing);
   top->addLayout(fields, 1);
   top->addLayout(diagrams);
   auto* all = new QVBoxLayout;
-  const int margin = 11;
-  all->setContentsMargins(margin, margin, margin, margin);
+  all->setContentsMargins(kFrameSpacing, kFrameSpacing, kFrameSpacing, kFrameSpacing);
+  all->setSpacing(kFrameSpacing);
   all->addLayout(top, 1);
   all->addWidget(fra_cmd_btn_);
   auto* form = new QVBoxLayout(this);

@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace vantrel::tour {
@@ -16,8 +17,10 @@ BoxWatcher::BoxWatcher() {
 
 void BoxWatcher::Look() {
   auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-  if (box == nullptr || !box->isVisible() || box == seen_) return;
-  seen_ = box;
+  if (box == nullptr || !box->isVisible() ||
+      std::find(seen_.begin(), seen_.end(), box) != seen_.end())
+    return;
+  seen_.emplace_back(box);
   if (acts_.empty())
     throw std::runtime_error("An unexpected box opened: " + box->windowTitle().toStdString() +
                              ": " + box->property("text").toString().toStdString());

@@ -7,6 +7,7 @@
 
 #include <deque>
 #include <functional>
+#include <vector>
 
 namespace vantrel::tour {
 
@@ -28,7 +29,7 @@ class BoxWatcher {
 
   QTimer timer_;
   std::deque<Act> acts_;
-  QPointer<QDialog> seen_;
+  std::vector<QPointer<QDialog>> seen_;  // a form is met again when a box over it has closed
 };
 
 // Presses the button whose caption is `caption` ("&" left aside). Throws std::runtime_error when
