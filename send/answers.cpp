@@ -2,6 +2,7 @@
 
 #include "link/frame.h"
 #include "log/json_object.h"
+#include "log/json_text.h"
 
 namespace vantrel::send {
 namespace {
@@ -25,7 +26,9 @@ std::string Visible(const std::string& utf8) {
 }
 
 std::string Block(const Exchange& exchange) {
-  if (exchange.outcome == Outcome::kRefused) return "refused   " + Visible(exchange.meaning) + "\n";
+  // A refusal repeats what was in the line.
+  if (exchange.outcome == Outcome::kRefused)
+    return "refused   " + Visible(log::ValidUtf8(exchange.meaning)) + "\n";
   std::string text = "sent      " + Pairs(exchange.sent) + "\n";
   if (!exchange.received.empty()) text += "received  " + Pairs(exchange.received) + "\n";
   text += exchange.meaning + "\n";

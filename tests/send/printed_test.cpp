@@ -203,7 +203,7 @@ class Examples : public Printed {
       EXPECT_EQ(Ask("insert"), "ok");
       EXPECT_TRUE(Comes("46")) << i;
     }
-    const Ended ended = EndOf(example_);
+    Ended ended = EndOf(example_);
     EXPECT_EQ(ended.status, 0) << ended.errors.toStdString();
     EXPECT_TRUE(QString::fromStdString(Ask("state")).endsWith(QString("prints %1").arg(count)));
     const QString path = folder_.filePath("face.png");

@@ -35,6 +35,13 @@ TEST(Told, ShowsControlCharactersOfTheCodePageToo) {
   EXPECT_EQ(Told(exchange, Format::kQuiet), "\x1F\x81\n");
 }
 
+TEST(Told, ShowsInARefusalWhatIsNoText) {
+  Exchange refused = Failed(Outcome::kRefused);
+  refused.meaning = "There is no command '\x1B\xFF'.";
+  EXPECT_EQ(Told(refused, Format::kText), "refused   There is no command '\\x1B\uFFFD'.\n");
+  EXPECT_EQ(Told(refused, Format::kQuiet), "");
+}
+
 TEST(Tally, CountsOutcomesAndStatuses) {
   Tally tally;
   for (const double milliseconds : {10.0, 30.0, 20.0, 12.0}) tally.Add(Replied(0x20, milliseconds));
