@@ -1,5 +1,6 @@
 #include "log/frm_playback.h"
 
+#include "dialogs/guard.h"
 #include "log/log_panel.h"
 #include "log/playback_server.h"
 
@@ -34,11 +35,13 @@ FrmPlayback::FrmPlayback(const QString& path, const PlaybackServer& server, Line
   log->SetEmptyText(tr("Nothing on the line yet. A console opens %1.").arg(device));
   layout->addWidget(log, 1);
   resize(940, 500);
-  connect(&server, &PlaybackServer::Advanced, this, &FrmPlayback::ShowState);
-  connect(&server, &PlaybackServer::Unexpected, this, [this](const QString& words) {
-    LblUnexpected->setText(tr("Last unexpected frame: %1").arg(words));
-    LblUnexpected->show();
-  });
+  connect(&server, &PlaybackServer::Advanced, this,
+          dialogs::GuardedSlot(helpers.guard, [this] { ShowState(); }));
+  connect(&server, &PlaybackServer::Unexpected, this,
+          dialogs::GuardedSlot(helpers.guard, [this](const QString& words) {
+            LblUnexpected->setText(tr("Last unexpected frame: %1").arg(words));
+            LblUnexpected->show();
+          }));
   ShowState();
 }
 

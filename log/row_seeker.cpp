@@ -16,7 +16,7 @@ constexpr int kLookTime = 15;  // milliseconds
 RowSeeker::RowSeeker(const QAbstractItemModel& model, QObject* parent)
     : QObject(parent), model_(model) {
   later_.setSingleShot(true);
-  connect(&later_, &QTimer::timeout, this, &RowSeeker::SeekPortion);
+  connect(&later_, &QTimer::timeout, this, [this]() noexcept { SeekPortion(); });
 }
 
 void RowSeeker::Seek(bool forward, int from, int most, Matches matches) {

@@ -147,7 +147,7 @@ QComboBox* FaultPage::MakeList() {
   // The first is a heading.
   faults->setCurrentIndex(1);
   const auto show_start = [faults] { faults->lineEdit()->setCursorPosition(0); };
-  connect(faults, &QComboBox::currentIndexChanged, this, show_start);
+  connect(faults, &QComboBox::currentIndexChanged, this, GuardedSlot(helpers_.guard, show_start));
   show_start();
   return faults;
 }

@@ -46,15 +46,15 @@ constexpr QSize kFrame{20, 50};
 constexpr int kFirstRows = 8;
 
 constexpr const char* kKeys =
-    "F1\tThese keys\r\n"
-    "Alt+C, T, B, P, U\tThe page of card, tracks, print buffer, printer, faults\r\n"
-    "Alt+I, Alt+O\tInserts the card, pulls it out\r\n"
-    "Enter, Escape\tIn a track: records what was typed, takes it back\r\n"
-    "Ctrl+F, F3, Shift+F3\tFinds in the log, forwards and backwards\r\n"
-    "Ctrl+O, Ctrl+S\tOpens and saves the deck\r\n"
-    "Ctrl+0 to Ctrl+3, Ctrl+R\tThe size of the face, and turning it\r\n"
-    "Ctrl+Shift+C\tCopies the picture\r\n"
-    "Ctrl+Q\tQuits";
+    "F1: these keys\r\n"
+    "Alt+C, T, B, P, U: the page of card, tracks, print buffer, printer, faults\r\n"
+    "Alt+I, Alt+O: insert the card, pull it out\r\n"
+    "Enter, Escape in a track: record what was typed, take it back\r\n"
+    "Ctrl+F, F3, Shift+F3: find in the log, forwards, backwards\r\n"
+    "Ctrl+O, Ctrl+S: open and save the deck\r\n"
+    "Ctrl+0 to Ctrl+3, Ctrl+R: the size of the face, and turning it\r\n"
+    "Ctrl+Shift+C: copy the picture\r\n"
+    "Ctrl+Q: quit";
 
 }  // namespace
 
@@ -102,7 +102,8 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, dialogs::Help
   layout->addWidget(state_bar_);
   layout->addWidget(halves_, 1);
 
-  connect(face_side_, &FaceSide::Told, log_, &log::LogPanel::Tell);
+  connect(face_side_, &FaceSide::Told, this,
+          dialogs::GuardedSlot(helpers.guard, [this](const QString& text) { log_->Tell(text); }));
   connect(&server, &PrinterServer::Changed, this,
           dialogs::GuardedSlot(helpers.guard, [this] { Refresh(); }));
   connect(&server, &PrinterServer::DeviceChanged, this,

@@ -15,7 +15,7 @@ TrackBox::TrackBox(int longest, QWidget* parent) : QLineEdit(parent) {
   setPlaceholderText(tr("empty"));
   setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   setToolTip(tr("Enter records what was typed, Escape takes it back."));
-  connect(this, &QLineEdit::textEdited, this, &TrackBox::ShowWhether);
+  connect(this, &QLineEdit::textEdited, this, [this]() noexcept { ShowWhether(); });
   ShowWhether();
 }
 

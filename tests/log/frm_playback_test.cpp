@@ -1,13 +1,15 @@
-// The window of a capture that is played back.
+// The windows of a capture that is played back and of a pass-through.
 
 #include "log/frm_playback.h"
 
+#include "log/frm_through.h"
 #include "log/playback_server.h"
 #include "printer/line/pseudo_terminal.h"
 #include "tests/support/device_user.h"
 #include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/scripted_file_chooser.h"
+#include "tests/support/window_checks.h"
 
 #include <QLabel>
 #include <QTest>
@@ -28,7 +30,7 @@ TEST(FrmPlaybackTest, ShowsHowFarItIs) {
   support::ScriptedDialogs dialogs;
   support::ScriptedFileChooser files;
   support::RecordingGuard guard;
-  const FrmPlayback form("/tmp/line.pcapng", server, recorder, {dialogs, files, guard});
+  FrmPlayback form("/tmp/line.pcapng", server, recorder, {dialogs, files, guard});
   const auto text = [&form](const char* name) { return form.findChild<QLabel*>(name)->text(); };
   EXPECT_EQ(form.windowTitle(), "Playing back line.pcapng");
   EXPECT_TRUE(text("LblDevice").contains(server.DevicePath().c_str()));
@@ -38,6 +40,24 @@ TEST(FrmPlaybackTest, ShowsHowFarItIs) {
   EXPECT_TRUE(
       QTest::qWaitFor([&] { return text("LblPlayed") == "Played 1 of 2 frames, 1 unexpected"; }));
   EXPECT_EQ(text("LblUnexpected"), "Last unexpected frame: expected 21h, came 22h");
+  form.show();
+  EXPECT_EQ(support::MnemonicsTwiceIn(form), QStringList());
+  EXPECT_EQ(support::UnnamedIn(form), QStringList());
+}
+
+TEST(FrmThroughTest, NamesItsDevicesAndEveryWidget) {
+  LineRecorder recorder;
+  support::ScriptedDialogs dialogs;
+  support::ScriptedFileChooser files;
+  support::RecordingGuard guard;
+  FrmThrough form("/dev/pts/3", "/dev/ttyUSB0", recorder, {dialogs, files, guard});
+  form.show();
+  EXPECT_EQ(form.findChild<QLabel*>("LblThrough")->text(),
+            "The console opens /dev/pts/3; the printer is at /dev/ttyUSB0.");
+  EXPECT_EQ(form.findChild<QLabel*>("LblLogEmpty")->text(),
+            "Nothing on the line yet. A console opens /dev/pts/3.");
+  EXPECT_EQ(support::MnemonicsTwiceIn(form), QStringList());
+  EXPECT_EQ(support::UnnamedIn(form), QStringList());
 }
 
 }  // namespace

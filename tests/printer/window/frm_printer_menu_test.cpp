@@ -3,6 +3,7 @@
 #include "dialogs/telling_guard.h"
 #include "printer/window/face_view.h"
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/window_checks.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -17,12 +18,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSettings>
-#include <QSpinBox>
 #include <QSplitter>
 #include <QTableView>
 #include <QTemporaryDir>
-
-#include <set>
 
 namespace vantrel::printer {
 namespace {
@@ -50,28 +48,6 @@ class FrmPrinterMenu : public support::PrinterFormBench {
   }
 };
 
-// The letters behind Alt of all that is in sight.
-QStringList Mnemonics(const QWidget& window) {
-  QStringList letters;
-  const auto add = [&letters](const QString& text) {
-    const QString letter = QKeySequence::mnemonic(text).toString();
-    if (!letter.isEmpty()) letters += letter;
-  };
-  for (const auto* bar : window.findChildren<QMenuBar*>()) {
-    for (const QAction* action : bar->actions()) add(action->text());
-  }
-  for (const auto* tabs : window.findChildren<QTabWidget*>()) {
-    for (int page = 0; page < tabs->count(); ++page) add(tabs->tabText(page));
-  }
-  for (const auto* button : window.findChildren<QAbstractButton*>()) {
-    if (button->isVisible()) add(button->text());
-  }
-  for (const auto* label : window.findChildren<QLabel*>()) {
-    if (label->isVisible() && label->buddy() != nullptr) add(label->text());
-  }
-  return letters;
-}
-
 TEST_F(FrmPrinterMenu, HasWhatPeopleLookFor) {
   EXPECT_EQ(Entries("File"), QStringList({"Open deck...", "Save deck...", "Save picture...",
                                           "Save log...", "Quit"}));
@@ -87,11 +63,9 @@ TEST_F(FrmPrinterMenu, HasNoMnemonicTwice) {
   auto* pages = Find<QTabWidget>("TabPages");
   for (int page = 0; page < pages->count(); ++page) {
     pages->setCurrentIndex(page);
-    QStringList letters = Mnemonics(form_);
-    EXPECT_GT(letters.size(), 10);
-    letters.sort();
-    EXPECT_EQ(letters.removeDuplicates(), 0)
-        << pages->tabText(page).toStdString() << ": " << letters.join(' ').toStdString();
+    EXPECT_GT(support::MnemonicsIn(form_).size(), 10);
+    EXPECT_EQ(support::MnemonicsTwiceIn(form_), QStringList())
+        << pages->tabText(page).toStdString();
   }
   for (const char* title : {"File", "Edit", "View", "Help"}) {
     QStringList letters;
@@ -116,25 +90,15 @@ TEST_F(FrmPrinterMenu, HasNoKeyTwice) {
 
 TEST_F(FrmPrinterMenu, NamesEveryWidgetToAScreenReader) {
   auto* pages = Find<QTabWidget>("TabPages");
-  int named = 0;
   for (int page = 0; page < pages->count(); ++page) {
     pages->setCurrentIndex(page);
-    for (QWidget* widget : form_.findChildren<QWidget*>()) {
-      // What the keyboard reaches and what has a value; the parts of a combo box or a spin box
-      // are told with it.
-      if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus ||
-          qobject_cast<QComboBox*>(widget->parentWidget()) != nullptr ||
-          qobject_cast<QSpinBox*>(widget->parentWidget()) != nullptr)
-        continue;
-      QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget);
-      ASSERT_NE(told, nullptr);
-      EXPECT_NE(told->text(QAccessible::Name), "")
-          << pages->tabText(page).toStdString() << ": " << widget->metaObject()->className() << ' '
-          << widget->objectName().toStdString();
-      ++named;
-    }
+    EXPECT_EQ(support::UnnamedIn(form_), QStringList()) << pages->tabText(page).toStdString();
   }
-  EXPECT_GT(named, 60);
+  // Nothing is named by being overlooked.
+  QWidget nameless(&form_);
+  nameless.setFocusPolicy(Qt::TabFocus);
+  nameless.show();
+  EXPECT_EQ(support::UnnamedIn(form_), QStringList({"QWidget "}));
 }
 
 TEST_F(FrmPrinterMenu, TellsEveryValueWithItsCaption) {
@@ -179,7 +143,14 @@ TEST_F(FrmPrinterMenu, SaysWhatToDoWhileNothingIsOnTheLine) {
   EXPECT_TRUE(words->isVisible());
   EXPECT_EQ(words->text().toStdString(),
             "Nothing on the line yet. A console opens " + server_.DevicePath() + ".");
-  console_.Write("02 21 03 22");
+  server_.Unplug();
+  EXPECT_EQ(
+      words->text(),
+      "Nothing on the line: the printer is unplugged. \"Plug in\" stands on the page Printer.");
+  server_.PlugIn();
+  EXPECT_EQ(words->text().toStdString(),
+            "Nothing on the line yet. A console opens " + server_.DevicePath() + ".");
+  support::DeviceUser(server_.DevicePath()).Write("02 21 03 22");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !words->isVisible(); }));
 }
 
@@ -220,7 +191,8 @@ TEST_F(FrmPrinterMenu, RemembersItsSizeItsPartsAndItsColumns) {
 TEST_F(FrmPrinterMenu, TellsItsKeysAndItsVersion) {
   dialogs_.Answers(dialogs::Answer::kOk);
   Choose("Help", "Keys");
-  EXPECT_NE(dialogs_.Last().prompt.find("Ctrl+F, F3, Shift+F3"), std::string::npos);
+  EXPECT_NE(dialogs_.Last().prompt.find("Ctrl+F, F3, Shift+F3: find in the log"),
+            std::string::npos);
   dialogs_.Answers(dialogs::Answer::kOk);
   Choose("Help", "About");
   EXPECT_NE(dialogs_.Last().prompt.find("vantrel-printer " VANTREL_VERSION), std::string::npos);
