@@ -46,8 +46,7 @@ TEST(AllCommands, TellOfEverythingThatTheyParse) {
                                  " 2 ",
                                  "AB",
                                  "12",
-                                 "2,0,47,Test\x1B"
-                                 "E22",
+                                 "2,0,47,Test\033E22",
                                  "1,479,319,5",
                                  "0,319,479,1999",
                                  "100,0,0100000080",

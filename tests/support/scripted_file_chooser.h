@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <utility>
 
 namespace vantrel::support {
 
@@ -32,7 +33,7 @@ class ScriptedFileChooser : public dialogs::FileChooser {
       ADD_FAILURE() << "unexpected question: " << title.toStdString();
       return {};
     }
-    const QString path = answers_.front();
+    QString path = std::move(answers_.front());
     answers_.pop_front();
     return path;
   }
