@@ -35,8 +35,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// Reading that takes longer shows how far it is.
-constexpr int kPatience = 1000;  // milliseconds
 // How long a file that grows is let grow before the lines are aligned anew.
 constexpr auto kAlignDelay = 500ms;
 
@@ -59,7 +57,8 @@ QStringList LocalFiles(const QMimeData* data) {
 
 }  // namespace
 
-FrmView::FrmView(const QStringList& paths, QWidget* parent) : QWidget(parent) {
+FrmView::FrmView(const QStringList& paths, QWidget* parent, std::chrono::milliseconds patience)
+    : QWidget(parent), patience_(patience) {
   setObjectName("FrmView");
   setAcceptDrops(true);
   for (qsizetype i = 0; i < std::min<qsizetype>(paths.size(), 2); ++i)
@@ -330,7 +329,7 @@ void FrmView::ShowProgress() {
     reading = reading || !side->has_caught_up;
   }
   PrgView->setValue(static_cast<int>(100 * part));
-  PrgView->setVisible(reading && reading_since_.elapsed() >= kPatience);
+  PrgView->setVisible(reading && std::chrono::milliseconds(reading_since_.elapsed()) >= patience_);
 }
 
 void FrmView::Seek(bool forward, const QString& text) {

@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <array>
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <thread>
@@ -35,8 +35,9 @@ class FrmView : public QWidget {
   Q_OBJECT
 
  public:
-  // One path, or two.
-  explicit FrmView(const QStringList& paths, QWidget* parent = nullptr);
+  // One path, or two. Reading that takes longer than `patience` shows how far it is.
+  explicit FrmView(const QStringList& paths, QWidget* parent = nullptr,
+                   std::chrono::milliseconds patience = std::chrono::seconds(1));
   ~FrmView() override;
 
  protected:
@@ -84,6 +85,7 @@ class FrmView : public QWidget {
   bool wants_alignment_ = false;
   bool went_in_step_ = false;
   QTimer align_later_;
+  std::chrono::milliseconds patience_;
   QElapsedTimer reading_since_;
   RowSeeker* seeker_ = nullptr;
   QString sought_;  // empty for a difference

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -60,10 +61,10 @@ class FrmViewTest : public testing::Test {
     file.write(bytes.data(), static_cast<qint64>(bytes.size()));
   }
 
-  void Show(const QStringList& names) {
+  void Show(const QStringList& names, std::chrono::milliseconds patience = 1h) {
     QStringList paths;
     for (const QString& name : names) paths += folder_.filePath(name);
-    form_ = std::make_unique<FrmView>(paths);
+    form_ = std::make_unique<FrmView>(paths, nullptr, patience);
     form_->show();
   }
 
@@ -210,6 +211,60 @@ TEST_F(FrmViewTest, TellsWhatCannotBeRead) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView").contains("ends within"); }));
   Show({"is-not-there.pcapng"});
   EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView").contains("cannot be read"); }));
+}
+
+// Counts how often a widget is shown.
+class ShowCount : public QObject {
+ public:
+  explicit ShowCount(QWidget* widget) { widget->installEventFilter(this); }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Show) ++count;
+    return QObject::eventFilter(watched, event);
+  }
+
+  int count = 0;
+};
+
+TEST_F(FrmViewTest, ShowsHowFarItIsWhereReadingTakesLong) {
+  // More than one portion.
+  std::vector<LogEntry> rows;
+  for (int i = 0; i < 50000; ++i) rows.push_back(Row(0ms, Direction::kFromConsole, k21));
+  Write("a.pcapng", rows);
+  for (const auto patience : {0ms, std::chrono::milliseconds(1h)}) {
+    Show({"a.pcapng"}, patience);
+    auto* bar = form_->findChild<QProgressBar*>("PrgView");
+    const ShowCount shown(bar);
+    ASSERT_TRUE(HasRows(50000));
+    EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->isHidden(); }));
+    EXPECT_EQ(shown.count, patience == 0ms ? 1 : 0);
+  }
+}
+
+TEST_F(FrmViewTest, ShowsRowsWhileTheRestIsRead) {
+  std::vector<LogEntry> rows;
+  for (int i = 0; i < 50000; ++i) rows.push_back(Row(0ms, Direction::kFromConsole, k21));
+  Write("a.pcapng", rows);
+  Show({"a.pcapng"});
+  std::vector<int> counts;
+  QObject::connect(Table()->model(), &QAbstractItemModel::rowsInserted,
+                   [&] { counts.push_back(Table()->model()->rowCount()); });
+  ASSERT_TRUE(HasRows(50000));
+  EXPECT_GE(counts.size(), 3U);
+}
+
+TEST_F(FrmViewTest, SaysWhereItGoesOnExchangeByExchange) {
+  std::vector<LogEntry> left;
+  std::vector<LogEntry> right;
+  // No two commands that follow each other are the same in both.
+  for (int i = 0; i < 4000; ++i) {
+    left.push_back(Row(0ms, Direction::kFromConsole, k21));
+    right.push_back(Row(0ms, Direction::kFromConsole, k22));
+  }
+  Write("a.pcapng", left);
+  Write("b.pcapng", right);
+  Show({"a.pcapng", "b.pcapng"});
+  EXPECT_TRUE(QTest::qWaitFor(
+      [this] { return Text("LblView").contains("differ so much that part of them stands"); }));
 }
 
 }  // namespace

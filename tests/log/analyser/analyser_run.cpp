@@ -9,6 +9,8 @@
 #include <fstream>
 #include <iterator>
 #include <sstream>
+#include <stdexcept>
+#include <system_error>
 
 namespace vantrel::log {
 namespace {
@@ -73,28 +75,46 @@ void CaptureBytes::AddBlock(std::uint32_t type, std::string body) {
   bytes_ += Little(type, 4) + length + std::move(body) + length;
 }
 
-AnalyserRun RunAnalyser(const std::string& capture, const std::string& arguments) {
-  const fs::path home =
-      fs::path(testing::TempDir()) / ("analyser_test." + std::to_string(getpid()));
-  const fs::path plugins = home / ".local/lib/wireshark/plugins";
+AnalyserHome::AnalyserHome() : folder_(fs::path(testing::TempDir()) / "analyser-test-XXXXXX") {
+  if (mkdtemp(folder_.data()) == nullptr) throw std::runtime_error("no folder");
+  const fs::path plugins = Path(".local/lib/wireshark/plugins");
   fs::create_directories(plugins);
-  fs::copy_file(ANALYSER_PLUGIN, plugins / "vantrel.lua", fs::copy_options::overwrite_existing);
-  std::ofstream(home / "line.pcapng", std::ios::binary) << capture;
-  const std::string in_home = "cd '" + home.string() + "' && HOME='" + home.string() + "' ";
-  const std::string command = in_home +
-                              "XDG_CONFIG_HOME= XDG_DATA_HOME= LC_ALL=C tshark -r line.pcapng " +
-                              arguments + " >out 2>err";
-  EXPECT_EQ(std::system(command.c_str()), 0) << FileText(home / "err");
+  fs::copy_file(ANALYSER_PLUGIN, plugins / "vantrel.lua");
+}
+
+AnalyserHome::~AnalyserHome() {
+  std::error_code ignored;
+  fs::remove_all(folder_, ignored);
+}
+
+std::string AnalyserHome::Path(const std::string& name) const {
+  return name.empty() ? folder_ : folder_ + "/" + name;
+}
+
+void AnalyserHome::Write(const std::string& name, const std::string& bytes) const {
+  std::ofstream(Path(name), std::ios::binary) << bytes;
+}
+
+AnalyserRun AnalyserHome::Run(const std::string& command) const {
+  const std::string whole = "cd '" + folder_ + "' && export HOME='" + folder_ +
+                            "' XDG_CONFIG_HOME= XDG_DATA_HOME= LC_ALL=C && (" + command +
+                            ") >out 2>err";
+  EXPECT_EQ(std::system(whole.c_str()), 0) << FileText(Path("err"));
   AnalyserRun run;
-  std::istringstream errors(FileText(home / "err"));
+  std::istringstream errors(FileText(Path("err")));
   for (std::string line; std::getline(errors, line);) {
     // That tshark itself warns of, whatever it reads.
     if (!line.empty() && !line.starts_with("Running as user \"root\"")) run.errors += line + '\n';
   }
-  std::istringstream out(FileText(home / "out"));
+  std::istringstream out(FileText(Path("out")));
   for (std::string line; std::getline(out, line);) run.lines.push_back(line);
-  fs::remove_all(home);
   return run;
+}
+
+AnalyserRun RunAnalyser(const std::string& capture, const std::string& arguments) {
+  const AnalyserHome home;
+  home.Write("line.pcapng", capture);
+  return home.Run("tshark -r line.pcapng " + arguments);
 }
 
 }  // namespace vantrel::log

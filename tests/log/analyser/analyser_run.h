@@ -32,7 +32,24 @@ struct AnalyserRun {
   std::string errors;              // standard error, without the warning that root gets
 };
 
-// Runs tshark, with the plugin in a private folder, on a file of these bytes.
+// A home with the plugin in it, removed at the end, and files beside each other to run tools on.
+class AnalyserHome {
+ public:
+  AnalyserHome();
+  ~AnalyserHome();
+  AnalyserHome(const AnalyserHome&) = delete;
+  AnalyserHome& operator=(const AnalyserHome&) = delete;
+
+  std::string Path(const std::string& name = {}) const;
+  void Write(const std::string& name, const std::string& bytes) const;
+  // Runs a command of the shell in it, which must succeed.
+  AnalyserRun Run(const std::string& command) const;
+
+ private:
+  std::string folder_;
+};
+
+// Runs tshark on a file of these bytes.
 AnalyserRun RunAnalyser(const std::string& capture, const std::string& arguments);
 
 }  // namespace vantrel::log
