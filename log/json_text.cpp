@@ -1,5 +1,6 @@
 #include "log/json_text.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace vantrel::log {
@@ -31,6 +32,13 @@ void AddEscaped(std::string& out, char character) {
   out += kDigits[value & 0xF];
 }
 
+// Whether a text is the same in JSON; nearly every one is.
+bool IsPlain(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char character) {
+    return character >= 0x20 && character < 0x7F && character != '"' && character != '\\';
+  });
+}
+
 }  // namespace
 
 std::string ValidUtf8(std::string_view text) {
@@ -45,6 +53,7 @@ std::string ValidUtf8(std::string_view text) {
 
 std::string JsonText(std::string_view text) {
   std::string out = "\"";
+  if (IsPlain(text)) return out.append(text) + '"';
   for (const char character : ValidUtf8(text)) {
     if (character == '"' || character == '\\') {
       out += '\\';

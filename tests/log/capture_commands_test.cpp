@@ -135,5 +135,27 @@ TEST_F(CaptureCommandsTest, CountsAFileThatIsNotWholeAsWrongToCompare) {
   EXPECT_EQ(out_.str(), "");
 }
 
+TEST_F(CaptureCommandsTest, SaysWhereItComparedInStep) {
+  const auto capture = [](const char* command) {
+    std::string bytes = CaptureStart({});
+    for (int i = 0; i < 4000; ++i)
+      AppendPacket(bytes, {WallTime{}, Direction::kFromConsole, FromHex(command), {}});
+    return bytes;
+  };
+  EXPECT_EQ(CompareCaptures(Save("a.pcapng", capture("02210322")),
+                            Save("b.pcapng", capture("02220321")), false, out_, errors_),
+            1);
+  EXPECT_EQ(errors_.str(),
+            "vantrel-log: the captures differ so much that part of them was compared in step, one "
+            "exchange with one.\n");
+}
+
+TEST_F(CaptureCommandsTest, ShowsACommentThatIsNoUtf8AsValidJson) {
+  std::string capture = CaptureStart({});
+  AppendPacket(capture, {WallTime{}, Direction::kFromPrinter, "\x06", "caf\xE9 \"x\" \u00E9"});
+  EXPECT_EQ(ShowCapture(Save("a.pcapng", capture), true, out_, errors_), 0);
+  EXPECT_TRUE(out_.str().ends_with("\"comment\":\"caf\uFFFD \\\"x\\\" \u00E9\"}\n")) << out_.str();
+}
+
 }  // namespace
 }  // namespace vantrel::log

@@ -1,5 +1,6 @@
 #include "log/log_panel.h"
 
+#include "log/capture_file.h"
 #include "log/line_recorder.h"
 #include "log/log_model.h"
 #include "tests/support/recording_guard.h"
@@ -186,6 +187,28 @@ TEST_F(LogPanelTest, SavesTheWholeLogAsTextOrCsv) {
   ASSERT_TRUE(csv.open(QIODevice::ReadOnly));
   EXPECT_EQ(csv.readLine(), "Date,Time,Direction,Hex,Characters,Meaning,UTC,Comment\r\n");
   EXPECT_EQ(Find<QLabel>("LblLog")->text(), "Saved to " + folder_.filePath("line.csv"));
+}
+
+TEST_F(LogPanelTest, SavesTheLogAsACaptureWithItsCommentsAndItsLine) {
+  recorder_.SetLine({"/dev/pts/7", 9600});
+  Exchange(1);
+  recorder_.Comment("fault: status 22");
+  Console("02 22");  // still open
+  files_.WillAnswer(folder_.filePath("line.pcapng"));
+  Click("CmdSaveLog");
+  const std::string path = folder_.filePath("line.pcapng").toStdString();
+  std::vector<std::string> damage;
+  const std::vector<LogEntry> rows = ReadCapture(path, damage);
+  EXPECT_TRUE(damage.empty());
+  ASSERT_EQ(rows.size(), 3U);
+  EXPECT_EQ(rows[0].comment, "fault: status 22");
+  EXPECT_EQ(rows[1].comment, "");
+  EXPECT_EQ(HexOf(rows[2]), "02 22");
+  CaptureFile file(path);
+  std::vector<LogEntry> again;
+  file.Read(again);
+  EXPECT_EQ(file.Line().name, "/dev/pts/7");
+  EXPECT_EQ(file.Line().speed, 9600U);
 }
 
 TEST_F(LogPanelTest, SaysWhyALogWasNotSaved) {
