@@ -40,9 +40,11 @@ SetKey KeyInSet(int code_set, std::string_view rest) {
     case kSetB:
       if (code >= 0x20 && code < 0x80) return {code - 0x20, 1};
       return {};
-    default:
+    case kSetC:
       if (rest.size() < 2 || !IsDigit(rest[0]) || !IsDigit(rest[1])) return {};
       return {10 * (rest[0] - '0') + rest[1] - '0', 2};
+    default:
+      return {};
   }
 }
 
