@@ -4,6 +4,7 @@
 #include "protocol/line_speed.h"
 
 #include <charconv>
+#include <cstdio>
 #include <iostream>
 #include <stdexcept>
 #include <string_view>
@@ -34,6 +35,8 @@ void Check(const Parsed& parsed) {
       throw WrongUse(std::string("--link has no meaning with --") + option +
                      ": there is no device to link to.");
   }
+  if (parsed.Has("geometry") && parsed.Has("headless"))
+    throw WrongUse("--geometry has no meaning with --headless: there is no window.");
   if (parsed.Has("script") && !parsed.Has("headless")) throw WrongUse("--script needs --headless.");
   if (parsed.Has("replay") && parsed.Value("replay").empty())
     throw WrongUse("--replay needs the capture to play back.");
@@ -65,6 +68,17 @@ int SpeedIn(const std::string& text) {
                    std::to_string(kHighestSpeed) + ".");
   }
   return speed;
+}
+
+WindowPlace PlaceIn(const std::string& text) {
+  WindowPlace place;
+  int length = 0;
+  const int read = std::sscanf(text.c_str(), "%5dx%5d+%5d+%5d%n", &place.width, &place.height,
+                               &place.x, &place.y, &length);
+  if (read != 4 || static_cast<std::size_t>(length) != text.size() || place.width < 1 ||
+      place.height < 1)
+    throw WrongUse("--geometry needs a place such as 1000x700+0+0.");
+  return place;
 }
 
 // An address that may lack its host where there is a default one.
@@ -102,6 +116,8 @@ PrinterOptions OptionsOf(const Parsed& parsed) {
       .speed = SpeedIn(parsed.Value("speed")),
       .pacing = !parsed.Has("no-pacing") && !parsed.Has("instant"),
       .case_parts = parsed.Has("case-parts"),
+      .geometry =
+          parsed.Has("geometry") ? std::optional(PlaceIn(parsed.Value("geometry"))) : std::nullopt,
   };
 }
 

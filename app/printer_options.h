@@ -9,6 +9,14 @@
 
 namespace vantrel::app {
 
+// Where a window opens, without its frame, in device-independent pixels.
+struct WindowPlace {
+  int width = 0;
+  int height = 0;
+  int x = 0;
+  int y = 0;
+};
+
 // The command line of the software printer.
 struct PrinterOptions {
   bool headless = false;
@@ -27,6 +35,7 @@ struct PrinterOptions {
   int speed = 9600;  // bits a second
   bool pacing = true;
   bool case_parts = false;
+  std::optional<WindowPlace> geometry;
 };
 
 // The options, or the status with which the program ends now; what is to be said has been said.

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kStartLimit = 10000;  // milliseconds
 constexpr int kEndLimit = 3000;
+constexpr int kEndingLimit = 500;
 
 }  // namespace
 
@@ -30,8 +31,13 @@ PrinterProcess::PrinterProcess(const QStringList& options) {
 }
 
 PrinterProcess::~PrinterProcess() {
+  if (process_.state() == QProcess::NotRunning) return;
   process_.terminate();
   if (!process_.waitForFinished(kEndLimit)) process_.kill();
+}
+
+bool PrinterProcess::HasEnded() {
+  return process_.state() == QProcess::NotRunning || process_.waitForFinished(kEndingLimit);
 }
 
 }  // namespace vantrel::app

@@ -14,6 +14,8 @@ class PrinterProcess {
   explicit PrinterProcess(const QStringList& options);
   ~PrinterProcess();
 
+  // Whether the program has ended; waits a moment for a program that is about to.
+  bool HasEnded();
   // The device that a console opens.
   const std::string& DevicePath() const { return device_path_; }
 

@@ -81,6 +81,10 @@ Program MakePrinterProgram() {
             .help = "Writes what goes over the line to FILE as a pcapng capture, as it goes; "
                     "vantrel-log and network analysers read it. A regular file is emptied first. "
                     "A named pipe is written when a reader opens it."},
+           {.name = "geometry",
+            .value = {.name = "WIDTHxHEIGHT+X+Y"},
+            .help = "Opens the window of that size at that place of the screen, both in pixels, "
+                    "and keeps no settings."},
            {.name = "card", .help = "Starts with a card inserted at the front."},
            {.name = "instant",
             .help = "Lets every command's work, and the line, take no time. Otherwise a move of "

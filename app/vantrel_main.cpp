@@ -1,6 +1,7 @@
 #include "app/console_program.h"
 #include "app/console_table.h"
 #include "commandline/parse.h"
+#include "dialogs/window_dialogs.h"
 
 #include <iostream>
 
@@ -9,5 +10,6 @@ int main(int argc, char** argv) {
   const auto [parsed, end] =
       commandline::Begin(app::ConsoleTable(), argc, argv, std::cout, std::cerr);
   if (end) return *end;
-  return app::ConsoleProgram("vantrel", argc, argv).Run(link::SystemDevice);
+  dialogs::WindowDialogs dialogs;
+  return app::ConsoleProgram("vantrel", argc, argv, dialogs).Run(link::SystemDevice);
 }

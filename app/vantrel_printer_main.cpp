@@ -254,7 +254,10 @@ int Serve(const vantrel::app::PrinterOptions& options) {
   QSettings settings("vantrel", "vantrel-printer");
   std::unique_ptr<vantrel::printer::FrmPrinter> form;
   if (!options.headless) {
-    form = std::make_unique<vantrel::printer::FrmPrinter>(model, server, helpers.All(), &settings);
+    form = std::make_unique<vantrel::printer::FrmPrinter>(model, server, helpers.All(),
+                                                          options.geometry ? nullptr : &settings);
+    if (const auto& place = options.geometry)
+      form->setGeometry(place->x, place->y, place->width, place->height);
     form->ShowMissingFonts(missing_fonts);
     form->show();
   }

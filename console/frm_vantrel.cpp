@@ -28,6 +28,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -258,7 +259,9 @@ void FrmVantrel::Fit() {
     exchange_->activate();
   }
   const QMargins margins = centralWidget()->layout()->contentsMargins();
-  setMinimumWidth(std::max(buttons_->minimumSizeHint().width(),
+  // The buttons' scroll bar may come.
+  setMinimumWidth(std::max(buttons_->minimumSizeHint().width() +
+                               style()->pixelMetric(QStyle::PM_ScrollBarExtent),
                            exchange_->parentWidget()->minimumSizeHint().width()) +
                   margins.left() + margins.right());
   setMinimumHeight(std::min(NeededHeight(), AvailableSize().height()));

@@ -54,7 +54,7 @@ void GuardedApplication::Handle(const std::exception_ptr& thrown) {
     fault = "Unknown error.";
   }
   if (port_failure) {
-    dialogs_.MsgBox(*port_failure, dialogs::Buttons::kOk, "Serial Port Error",
+    dialogs_.MsgBox(*port_failure, dialogs::Buttons::kOk, kPortErrorTitle,
                     dialogs::Icon::kCritical);
     return;
   }

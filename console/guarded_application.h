@@ -10,6 +10,9 @@
 
 namespace vantrel::console {
 
+// The title of the box that tells a failure of the port.
+inline constexpr const char* kPortErrorTitle = "Serial Port Error";
+
 // The application, and the guard inside which the console's windows run what they connect. A
 // failure of the port is shown and the program goes on. Any other exception is a fault of the
 // program itself: it is shown and ends the run with status 1.
