@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStringList>
+#include <QTabWidget>
 #include <QTimer>
 
 #include <cmath>
@@ -41,6 +43,8 @@ Tour::Tour(const QString& folder, dialogs::Guard& guard)
 
 void Tour::Run() {
   std::cout << "The printer serves " << server_.DevicePath() << "\n";
+  // The off-screen screen is smaller than the window is at first elsewhere.
+  printer_.resize(1120, 860);
   printer_.show();
   console_.show();
   QCoreApplication::processEvents();
@@ -50,7 +54,7 @@ void Tour::Run() {
   Maintain();
   PrintCard();
   Photograph(console_, "console");
-  Photograph(printer_, "printer");
+  PhotographPrinter();
   std::cout << "Pictures are in " << folder_.absolutePath().toStdString() << "\n";
 }
 
@@ -217,6 +221,16 @@ void Tour::Photograph(QWidget& window, const QString& name) {
   const QString path = folder_.filePath(name + ".png");
   if (!window.grab().save(path))
     throw std::runtime_error("The picture " + path.toStdString() + " cannot be written.");
+}
+
+void Tour::PhotographPrinter() {
+  auto* pages = printer_.findChild<QTabWidget*>("TabPages");
+  const QStringList names{"printer", "printer-tracks", "printer-buffer", "printer-line",
+                          "printer-faults"};
+  for (int page = 0; page < pages->count(); ++page) {
+    pages->setCurrentIndex(page);
+    Photograph(printer_, names.at(page));
+  }
 }
 
 void Tour::Answer(const QString& picture, const QString& button) {

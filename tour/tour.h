@@ -36,6 +36,8 @@ class Tour {
   std::string Text(const char* name) const;
   // Photographs a window as NAME.png.
   void Photograph(QWidget& window, const QString& name);
+  // The printer's window with each of its pages.
+  void PhotographPrinter();
   // A box is to be photographed and then answered.
   void Answer(const QString& picture, const QString& button);
   void Type(const QString& picture, const QString& text);

@@ -55,7 +55,7 @@ StateBar::StateBar(PrinterModel& model, const PrinterServer& server, dialogs::He
   LblDevice = MakeValue("LblDevice", "/dev/pts/100");
   Add(tr("Device"), LblDevice);
   // The longest takes two lines.
-  LblPlace = MakeValue("LblPlace", "inserted at the");
+  LblPlace = MakeValue("LblPlace", "inserted at the front");
   LblPlace->setWordWrap(true);
   Add(tr("Card"), LblPlace);
   LblLED = MakeValue("LblLED", "3 cycles, orange");
