@@ -63,7 +63,7 @@ FrmView::FrmView(const QStringList& paths, QWidget* parent, std::chrono::millise
   setAcceptDrops(true);
   for (qsizetype i = 0; i < std::min<qsizetype>(paths.size(), 2); ++i)
     sides_.push_back(std::make_unique<Side>());
-  model_ = new ViewModel(sides_[0]->rows, SideCount() > 1 ? &sides_[1]->rows : nullptr, this);
+  model_ = new ViewModel(*sides_[0]->rows, SideCount() > 1 ? sides_[1]->rows.get() : nullptr, this);
   LblFiles = MakePlainLabel("LblFiles", this);
   LblView = MakePlainLabel("LblView", this);
   PrgView = new QProgressBar(this);
@@ -216,7 +216,6 @@ void FrmView::MakeShortcuts() {
 void FrmView::Open(std::size_t number, const QString& path) {
   Side& side = *sides_[number];
   side.loader.reset();
-  if (aligner_.joinable()) aligner_.join();
   Clear(side);
   side.path = path;
   side.loader = std::make_unique<CaptureLoader>(QFile::encodeName(path).toStdString());
@@ -252,15 +251,19 @@ void FrmView::Open(std::size_t number, const QString& path) {
 }
 
 void FrmView::Clear(Side& side) {
-  // The thread that aligns reads the rows.
-  if (aligner_.joinable()) aligner_.join();
+  // The thread that aligns may still read them, and freeing very many takes long.
+  auto before = std::exchange(side.rows, std::make_shared<CaptureRows>());
+  auto held = std::exchange(side.held, {});
+  ++replacements_;
+  model_->Replace(side.rows == sides_[0]->rows ? 0 : 1, *side.rows);
   if (disposer_.joinable()) disposer_.join();
-  disposer_ = std::thread([rows = std::exchange(side.rows, {}), held = std::move(side.held)] {});
-  side.held.clear();
+  disposer_ = std::thread([before = std::move(before), held = std::move(held)]() mutable {
+    before.reset();
+    held.clear();
+  });
   went_in_step_ = false;
   side.remarks.clear();
   side.has_caught_up = false;
-  model_->Restart();
 }
 
 void FrmView::Take(Side& side, std::vector<LogEntry>& rows) {
@@ -268,7 +271,7 @@ void FrmView::Take(Side& side, std::vector<LogEntry>& rows) {
     side.held.push_back(std::move(rows));
     return;
   }
-  side.rows.Append(std::move(rows));
+  side.rows->Append(std::move(rows));
   model_->CatchUp();
   if (side.has_caught_up && SideCount() > 1) align_later_.start(kAlignDelay);
 }
@@ -280,17 +283,19 @@ void FrmView::Align() {
   if (aligning_ || !all_read) return;
   if (aligner_.joinable()) aligner_.join();
   aligning_ = true;
-  aligner_ = std::thread([this, left = &sides_[0]->rows, right = &sides_[1]->rows] {
+  aligner_ = std::thread([this, left = sides_[0]->rows, right = sides_[1]->rows,
+                          before = replacements_]() mutable {
     auto aligned = std::make_shared<AlignedRows>(AlignRows(*left, *right));
-    QMetaObject::invokeMethod(this, [this, aligned] { TakeLines(std::move(*aligned)); });
+    left.reset();
+    right.reset();
+    QMetaObject::invokeMethod(
+        this, [this, aligned, before] { TakeLines(std::move(*aligned), before == replacements_); });
   });
 }
 
-void FrmView::TakeLines(AlignedRows aligned) {
+void FrmView::TakeLines(AlignedRows aligned, bool is_of_now) {
   if (aligner_.joinable()) aligner_.join();
   aligning_ = false;
-  const bool is_of_now = std::all_of(sides_.begin(), sides_.end(),
-                                     [](const auto& side) { return side->has_caught_up; });
   if (is_of_now) {
     went_in_step_ = aligned.went_in_step;
     model_->SetLines(std::move(aligned.lines));
@@ -298,7 +303,7 @@ void FrmView::TakeLines(AlignedRows aligned) {
   }
   for (const auto& side : sides_) {
     for (auto& rows : std::exchange(side->held, {})) {
-      side->rows.Append(std::move(rows));
+      side->rows->Append(std::move(rows));
       wants_alignment_ = true;
     }
   }

@@ -49,7 +49,8 @@ class FrmView : public QWidget {
   // One of the captures.
   struct Side {
     QString path;
-    CaptureRows rows;
+    // Shared with the thread that aligns them.
+    std::shared_ptr<CaptureRows> rows = std::make_shared<CaptureRows>();
     std::unique_ptr<CaptureLoader> loader;
     bool has_caught_up = false;
     double part_read = 0;  // of the file, 0 to 1
@@ -67,7 +68,8 @@ class FrmView : public QWidget {
   void Clear(Side& side);
   // Finds, on a thread of its own, which rows belong together.
   void Align();
-  void TakeLines(AlignedRows aligned);
+  // Takes the lines over unless either side shows other rows by now.
+  void TakeLines(AlignedRows aligned, bool is_of_now);
   void ShowState();
   void ShowProgress();
   void GoTo(int row);
@@ -80,7 +82,8 @@ class FrmView : public QWidget {
   std::vector<std::unique_ptr<Side>> sides_;
   ViewModel* model_ = nullptr;
   std::thread aligner_;
-  std::thread disposer_;  // frees rows that are shown no more
+  std::thread disposer_;       // frees rows that are shown no more
+  unsigned replacements_ = 0;  // of the rows of either side
   bool aligning_ = false;
   bool wants_alignment_ = false;
   bool went_in_step_ = false;

@@ -47,7 +47,7 @@ QString DifferenceInWords(Difference difference) {
 }
 
 ViewModel::ViewModel(const CaptureRows& left, const CaptureRows* right, QObject* parent)
-    : QAbstractTableModel(parent), left_(left), right_(right) {
+    : QAbstractTableModel(parent), rows_{&left, right} {
   later_.setSingleShot(true);
   later_.setInterval(0);
   connect(&later_, &QTimer::timeout, this, &ViewModel::ShowPortion);
@@ -79,8 +79,9 @@ void ViewModel::Place(std::size_t side) {
   }
 }
 
-void ViewModel::Restart() {
+void ViewModel::Replace(std::size_t side, const CaptureRows& rows) {
   beginResetModel();
+  rows_.at(side) = &rows;
   lines_.clear();
   placed_ = {};
   aligned_ = false;
@@ -173,7 +174,7 @@ bool ViewModel::LineHolds(const AlignedLine& line, const QString& text) const {
   const auto holds = [&](std::uint32_t number, const CaptureRows* rows) {
     return number != AlignedLine::kNothing && EntryHolds(rows->At(number), text);
   };
-  return holds(line.left, &left_) || holds(line.right, right_);
+  return holds(line.left, Rows(0)) || holds(line.right, Rows(1));
 }
 
 int ViewModel::rowCount(const QModelIndex& parent) const {

@@ -26,21 +26,21 @@ class ViewModel : public QAbstractTableModel {
   // differs.
   enum Column { kTime, kDirection, kTook, kHex, kCharacters, kMeaning, kColumns };
 
-  // `right` is null where there is one capture. Both must outlive the model; tell it of all that
-  // happens to them.
+  // `right` is null where there is one capture. Both must live as long as they are shown; tell the
+  // model of all that happens to them.
   ViewModel(const CaptureRows& left, const CaptureRows* right, QObject* parent = nullptr);
 
   // Rows have been added to either.
   void CatchUp();
-  // Either has been cleared.
-  void Restart();
+  // Shows other rows on a side (0 left, 1 right).
+  void Replace(std::size_t side, const CaptureRows& rows);
   // Which rows belong together, of all that there are now.
   void SetLines(std::vector<AlignedLine> lines);
   // Shows lines alone of which a column of either side holds the text, whatever its case. They are
   // looked for in portions, between which events run.
   void SetText(const QString& text);
 
-  bool HasTwoSides() const { return right_ != nullptr; }
+  bool HasTwoSides() const { return rows_[1] != nullptr; }
   // The column that tells what differs; -1 with one side.
   int DifferenceColumn() const { return HasTwoSides() ? kColumns : -1; }
   // The entry of a row of the table on a side (0 left, 1 right); null where it has none there.
@@ -67,7 +67,7 @@ class ViewModel : public QAbstractTableModel {
   std::size_t SideCount() const { return HasTwoSides() ? 2 : 1; }
   // Gives the rows of a side that have none yet their lines.
   void Place(std::size_t side);
-  const CaptureRows* Rows(std::size_t side) const { return side == 0 ? &left_ : right_; }
+  const CaptureRows* Rows(std::size_t side) const { return rows_.at(side); }
   const AlignedLine& LineOf(int row) const;
   std::optional<std::size_t> RowOf(int row, std::size_t side) const;
   bool LineHolds(const AlignedLine& line, const QString& text) const;
@@ -75,8 +75,7 @@ class ViewModel : public QAbstractTableModel {
   bool StandsOut(int row, const Cell& cell) const;
   void ShowPortion();
 
-  const CaptureRows& left_;
-  const CaptureRows* right_;
+  std::array<const CaptureRows*, 2> rows_;
   std::vector<AlignedLine> lines_;
   std::array<std::size_t, 2> placed_{};  // rows of each side that have a line
   bool aligned_ = false;                 // whether SetLines told of the lines

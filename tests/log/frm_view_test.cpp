@@ -202,6 +202,21 @@ TEST_F(FrmViewTest, OpensADroppedFile) {
   EXPECT_TRUE(form_->windowTitle().endsWith("b.pcapng"));
 }
 
+TEST_F(FrmViewTest, OpensADroppedFileWhileItAligns) {
+  std::vector<LogEntry> rows;
+  for (int i = 0; i < 20000; ++i) rows.push_back(Row(0ms, Direction::kFromConsole, k21));
+  Write("a.pcapng", rows);
+  for (LogEntry& row : rows) row.bytes = k22;
+  Write("b.pcapng", rows);
+  Write("c.pcapng", {Row(0ms, Direction::kFromConsole, k21)});
+  Show({"a.pcapng", "b.pcapng"});
+  ASSERT_TRUE(HasRows(20000));
+  Drop(PathOf("c.pcapng"), {form_->width() - 1.0, 1});
+  EXPECT_TRUE(QTest::qWaitFor(
+      [this] { return Text("LblView") == "20,000 lines \u00B7 19,999 lines differ"; }));
+  EXPECT_EQ(Cell(0, kRight + kMeaning), "21h first track read");
+}
+
 TEST_F(FrmViewTest, TellsWhatCannotBeRead) {
   Write("a.pcapng", Read21(kReply21));
   QFile file(PathOf("a.pcapng"));
