@@ -2,10 +2,9 @@
 
 #include "log/capture_writer.h"
 
-#include <array>
 #include <chrono>
-#include <cstdio>
-#include <ctime>
+#include <cstddef>
+#include <cstdint>
 
 namespace vantrel::log {
 namespace {
@@ -73,15 +72,22 @@ void AppendRow(std::string& out, LogFormat format, const LogEntry& entry) {
 }
 
 std::string UtcInWords(WallTime time) {
-  const auto second = std::chrono::floor<std::chrono::seconds>(time);
-  const std::time_t seconds = std::chrono::system_clock::to_time_t(second);
-  std::tm utc{};
-  gmtime_r(&seconds, &utc);
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d.%06dZ", utc.tm_year + 1900,
-                utc.tm_mon + 1, utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec,
-                static_cast<int>((time - second).count()));
-  return text.data();
+  const auto day = std::chrono::floor<std::chrono::days>(time);
+  const std::chrono::year_month_day date(day);
+  const std::chrono::hh_mm_ss clock(time - day);
+  std::string text = "0000-00-00T00:00:00.000000Z";
+  const auto put = [&text](std::size_t first, std::size_t digits, std::int64_t number) {
+    for (; digits > 0 && number > 0; number /= 10)
+      text[first + --digits] = static_cast<char>('0' + number % 10);
+  };
+  put(0, 4, int{date.year()});
+  put(5, 2, unsigned{date.month()});
+  put(8, 2, unsigned{date.day()});
+  put(11, 2, clock.hours().count());
+  put(14, 2, clock.minutes().count());
+  put(17, 2, clock.seconds().count());
+  put(20, 6, clock.subseconds().count());
+  return text;
 }
 
 }  // namespace vantrel::log

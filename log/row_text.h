@@ -25,7 +25,7 @@ inline constexpr std::string_view kCsvHeading =
     "Date,Time,Direction,Hex,Characters,Meaning,UTC,Comment";
 inline constexpr std::string_view kOldCsvHeading = "Date,Time,Direction,Hex,Characters,Meaning";
 
-// "2026-11-21T13:00:05.123456Z".
+// "2026-11-21T13:00:05.123456Z". The year is one of 0 to 9999, as in a file.
 std::string UtcInWords(WallTime time);
 
 }  // namespace vantrel::log

@@ -1,12 +1,14 @@
 #include "log/capture_commands.h"
 
 #include "log/capture_writer.h"
+#include "log/row_text.h"
 #include "tests/log/capture_bytes.h"
 
 #include <gtest/gtest.h>
 
 #include <stdlib.h>
 
+#include <chrono>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
@@ -155,6 +157,17 @@ TEST_F(CaptureCommandsTest, ShowsACommentThatIsNoUtf8AsValidJson) {
   AppendPacket(capture, {WallTime{}, Direction::kFromPrinter, "\x06", "caf\xE9 \"x\" \u00E9"});
   EXPECT_EQ(ShowCapture(Save("a.pcapng", capture), true, out_, errors_), 0);
   EXPECT_TRUE(out_.str().ends_with("\"comment\":\"caf\uFFFD \\\"x\\\" \u00E9\"}\n")) << out_.str();
+}
+
+TEST(UtcInWords, HasAllItsDigits) {
+  using namespace std::chrono_literals;
+  EXPECT_EQ(UtcInWords(WallTime(0us)), "1970-01-01T00:00:00.000000Z");
+  EXPECT_EQ(UtcInWords(WallTime(1767349230123456us)), "2026-01-02T10:20:30.123456Z");
+  EXPECT_EQ(UtcInWords(WallTime(-1us)), "1969-12-31T23:59:59.999999Z");
+  EXPECT_EQ(UtcInWords(std::chrono::sys_days(std::chrono::year{9} / 2 / 3) + 1us),
+            "0009-02-03T00:00:00.000001Z");
+  EXPECT_EQ(UtcInWords(std::chrono::sys_days(std::chrono::year{10000} / 1 / 1) - 1us),
+            "9999-12-31T23:59:59.999999Z");
 }
 
 }  // namespace
