@@ -79,12 +79,15 @@ std::string SynopsisStyle(std::string_view text) { return Styled(text, IsCapital
 
 // Prose on one line each sentence, so that no line begins with a control character and changes
 // read well.
-std::string Prose(const std::string& text, const std::string& value_name) {
-  std::string styled = Styled(
-      text, [&](std::string_view word) { return !value_name.empty() && word == value_name; });
+std::string InLines(std::string styled) {
   for (std::size_t i = styled.find(". "); i != std::string::npos; i = styled.find(". ", i + 1))
     styled[i + 1] = '\n';
   return styled + '\n';
+}
+
+std::string Prose(const std::string& text, const std::string& value_name) {
+  return InLines(Styled(
+      text, [&](std::string_view word) { return !value_name.empty() && word == value_name; }));
 }
 
 std::string Name(const Program& program) {
@@ -133,11 +136,40 @@ std::string Commands(const Program& program) {
   return text;
 }
 
+// Small letters in bold, words in capitals in italics.
+std::string LineStyle(std::string_view usage) {
+  std::string styled;
+  while (!usage.empty()) {
+    const auto* const end = std::find_if_not(usage.begin(), usage.end(), [](char character) {
+      return IsWordCharacter(character) || character == '-';
+    });
+    const std::string_view word = usage.substr(0, static_cast<std::size_t>(end - usage.begin()));
+    if (word.empty())
+      styled += Escaped(usage.substr(0, 1));
+    else
+      styled += (IsCapitals(word) ? "\\fI" : "\\fB") + Escaped(word) + "\\fR";
+    usage.remove_prefix(std::max<std::size_t>(word.size(), 1));
+  }
+  return styled;
+}
+
+std::string Lines(const Program& program) {
+  std::string text;
+  for (const InputLine& line : program.input_lines) {
+    text += ".TP\n" + LineStyle(line.usage) + '\n' +
+            InLines(Styled(line.help, [&line](std::string_view word) {
+              return IsCapitals(word) && line.usage.find(word) != std::string::npos;
+            }));
+  }
+  return text;
+}
+
 std::string Replacement(const Program& program, std::string_view line) {
   if (line == "@NAME@") return Name(program);
   if (line == "@SYNOPSIS@") return Synopsis(program);
   if (line == "@OPTIONS@") return Options(program);
   if (line == "@COMMANDS@") return Commands(program);
+  if (line == "@LINES@") return Lines(program);
   throw std::invalid_argument("The page has a line " + std::string(line) +
                               " that stands for nothing.");
 }

@@ -13,6 +13,7 @@ namespace vantrel::commandline {
 //   @SYNOPSIS@  the section SYNOPSIS
 //   @OPTIONS@   the section OPTIONS
 //   @COMMANDS@  the section COMMANDS: each with its parameters and options
+//   @LINES@     the lines of standard input, a paragraph each, without a section of their own
 // Every other line is taken as it is. Throws std::invalid_argument for another line that begins
 // and ends with "@".
 std::string ManualPage(const Program& program, std::string_view page);

@@ -53,6 +53,12 @@ struct Command {
   std::vector<Parameter> parameters{};
 };
 
+// A line that a program takes on its standard input.
+struct InputLine {
+  std::string usage{};  // "fault add TEXT"
+  std::string help{};   // sentences; words in capitals of `usage` are set off in the manual
+};
+
 struct Program {
   std::string name{};
   std::string version{};
@@ -64,6 +70,8 @@ struct Program {
   std::vector<Parameter> parameters{};  // where there are no commands
   std::vector<Command> commands{};
   bool commands_ignore_case = false;
+  // For the manual page alone.
+  std::vector<InputLine> input_lines{};
   // Lines that --help ends with, shown as they stand.
   std::string notes{};
 };

@@ -84,6 +84,14 @@ bool StartsWith(std::string_view text, std::string_view start) { return text.sta
 
 }  // namespace
 
+std::optional<CodePage> CodePageOfNumber(int number) {
+  for (const CodePage page : {CodePage::kJapanese, CodePage::kSimplifiedChinese, CodePage::kKorean,
+                              CodePage::kTraditionalChinese, CodePage::kWestern}) {
+    if (static_cast<int>(page) == number) return page;
+  }
+  return std::nullopt;
+}
+
 CodePage CodePageOfLocale(std::string_view locale_name) {
   if (StartsWith(locale_name, "ja")) return CodePage::kJapanese;
   if (StartsWith(locale_name, "ko")) {

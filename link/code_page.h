@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,9 @@ enum class CodePage {
   kTraditionalChinese = 950,
   kWestern = 1252,
 };
+
+// The code page of that number; nothing where it is none of these.
+std::optional<CodePage> CodePageOfNumber(int number);
 
 // The code page of a locale name such as "ja_JP.UTF-8" or "zh_TW": Japanese, simplified and
 // traditional Chinese and Korean have their own, every other name (also "C" and an empty one) the

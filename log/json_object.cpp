@@ -42,6 +42,31 @@ JsonObject& JsonObject::Add(std::string_view name, const JsonObject& object) {
   return AddRaw(name, object.Text());
 }
 
+JsonObject& JsonObject::Add(std::string_view name, const std::vector<JsonObject>& objects) {
+  std::string array;
+  for (const JsonObject& object : objects) {
+    if (!array.empty()) array += ',';
+    array += object.Text();
+  }
+  return AddRaw(name, "[" + array + "]");
+}
+
+JsonObject& JsonObject::Add(std::string_view name,
+                            const std::vector<std::optional<std::string>>& texts) {
+  std::string array;
+  for (const auto& text : texts) {
+    if (!array.empty()) array += ',';
+    array += text ? JsonText(*text) : "null";
+  }
+  return AddRaw(name, "[" + array + "]");
+}
+
+JsonObject& JsonObject::Append(const JsonObject& other) {
+  if (!members_.empty() && !other.members_.empty()) members_ += ',';
+  members_ += other.members_;
+  return *this;
+}
+
 JsonObject& JsonObject::AddNull(std::string_view name) { return AddRaw(name, "null"); }
 
 }  // namespace vantrel::log

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vantrel::log {
 
@@ -24,7 +25,14 @@ class JsonObject {
   // With three decimal places.
   JsonObject& Add(std::string_view name, double number);
   JsonObject& Add(std::string_view name, const JsonObject& object);
+  // Arrays; an absent text is null.
+  JsonObject& Add(std::string_view name, const std::vector<JsonObject>& objects);
+  JsonObject& Add(std::string_view name, const std::vector<std::optional<std::string>>& texts);
   JsonObject& AddNull(std::string_view name);
+  // Adds the members of another object behind these.
+  JsonObject& Append(const JsonObject& other);
+
+  bool operator==(const JsonObject&) const = default;
 
   std::string Text() const { return "{" + members_ + "}"; }
 

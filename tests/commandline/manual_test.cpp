@@ -11,6 +11,7 @@ namespace {
 
 constexpr const char* kPage =
     "@NAME@\n@SYNOPSIS@\n.SH DESCRIPTION\nDispenses.\n@OPTIONS@\n@COMMANDS@\n"
+    ".SH LINES\n@LINES@\n"
     ".SH SEE ALSO\n.BR cup (1)\n";
 
 TEST(Manual, WritesEachSection) {
@@ -25,6 +26,8 @@ TEST(Manual, WritesEachSection) {
         "Says nothing; not with \\fB\\-\\-log\\fR.\n",
         ".TP\n\\fB2A\\fR [\\fIOPTIONS\\fR] \\fICUPS\\fR [\\fINAME\\fR]\ntea.\n.RS\n"
         ".TP\n\\fICUPS\\fR\nHow many; 1 to 7.\n",
+        ".SH LINES\n.TP\n\\fBpour\\-out\\fR \\fICUP\\fR [\\fITWICE\\fR|\\fBnow\\fR]\n"
+        "Pours \\fICUP\\fR, of 5 DL.\nAt \\(aqonce\\(aq; \\fB\\-\\-log\\fR tells.\n",
         ".SH SEE ALSO\n.BR cup (1)\n"})
     EXPECT_NE(manual.find(part), std::string::npos) << part << "\nis not in\n" << manual;
 }

@@ -45,6 +45,8 @@ const Program& Dispenser() {
             .parameters = {{.value = {.name = "NAME"}, .optional = true, .repeated = true}}},
            {.name = "-", .summary = "reads orders"}},
       .commands_ignore_case = true,
+      .input_lines = {{.usage = "pour-out CUP [TWICE|now]",
+                       .help = "Pours CUP, of 5 DL. At 'once'; --log tells."}},
       .notes = "Cups are counted\n  by hand.\n"};
   return kProgram;
 }

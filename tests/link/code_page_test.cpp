@@ -154,5 +154,14 @@ TEST(DecodeBytes, MakesOneCharacterOfEveryByteOfEveryPage) {
   }
 }
 
+TEST(CodePageOfNumber, KnowsThePagesByTheirNumbers) {
+  EXPECT_EQ(CodePageOfNumber(932), CodePage::kJapanese);
+  EXPECT_EQ(CodePageOfNumber(936), CodePage::kSimplifiedChinese);
+  EXPECT_EQ(CodePageOfNumber(949), CodePage::kKorean);
+  EXPECT_EQ(CodePageOfNumber(950), CodePage::kTraditionalChinese);
+  EXPECT_EQ(CodePageOfNumber(1252), CodePage::kWestern);
+  for (const int number : {0, -1, 437, 65001}) EXPECT_EQ(CodePageOfNumber(number), std::nullopt);
+}
+
 }  // namespace
 }  // namespace vantrel::link

@@ -37,5 +37,19 @@ TEST(JsonObject, HasNoBytesThatAreNoUtf8) {
   EXPECT_EQ(ValidUtf8("\xED\xA0\x80"), "\uFFFD\uFFFD\uFFFD");
 }
 
+TEST(JsonObject, HoldsArraysAndOtherObjectsMembers) {
+  const JsonObject member = JsonObject().Add("b", 1L);
+  EXPECT_EQ(JsonObject()
+                .Add("a", std::vector<JsonObject>{member, {}})
+                .Add("t", std::vector<std::optional<std::string>>{"x\"", std::nullopt, ""})
+                .Add("none", std::vector<JsonObject>{})
+                .Append(member)
+                .Append(JsonObject())
+                .Text(),
+            R"({"a":[{"b":1},{}],"t":["x\"",null,""],"none":[],"b":1})");
+  EXPECT_EQ(JsonObject().Append(member).Text(), R"({"b":1})");
+  EXPECT_TRUE(JsonObject().Append(member) == member);
+}
+
 }  // namespace
 }  // namespace vantrel::log
