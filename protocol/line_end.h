@@ -28,6 +28,8 @@ class LineEnd {
   virtual link::Bytes Read() = 0;
   // Writes and returns how many bytes the line took, from the first one on.
   virtual std::size_t Write(const link::Bytes& bytes) = 0;
+  // Whether whoever is at the other end has taken all that was written; true where nobody can tell.
+  virtual bool IsTaken() const { return true; }
   // The speed in bits a second that the console has set; nothing when it has set none, or the line
   // has none.
   virtual std::optional<int> ConsoleSpeed() const { return std::nullopt; }

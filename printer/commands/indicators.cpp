@@ -87,12 +87,20 @@ std::optional<protocol::Moment> Indicators::NextChange(protocol::Moment now) con
 }
 
 std::string LedInWords(const Indicators& indicators) {
-  std::string words(OperationInWords(indicators.led_operation, "flashing"));
+  std::string words(LedOperationInWords(indicators));
   if (indicators.led_operation != '0') {
     words += ", ";
-    words += ColourInWords(indicators.led_colour);
+    words += LedColourInWords(indicators);
   }
   return words;
+}
+
+std::string_view LedColourInWords(const Indicators& indicators) {
+  return ColourInWords(indicators.led_colour);
+}
+
+std::string_view LedOperationInWords(const Indicators& indicators) {
+  return OperationInWords(indicators.led_operation, "flashing");
 }
 
 std::string_view BuzzerInWords(const Indicators& indicators) {

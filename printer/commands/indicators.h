@@ -36,6 +36,10 @@ struct Indicators {
 
 // In words for a window: "flashing, red", "off".
 std::string LedInWords(const Indicators& indicators);
+// "green", "red", "orange", and "off", "on", "flashing", "1 cycle", "3 cycles".
+std::string_view LedColourInWords(const Indicators& indicators);
+std::string_view LedOperationInWords(const Indicators& indicators);
+// "buzzing" in place of "flashing".
 std::string_view BuzzerInWords(const Indicators& indicators);
 
 }  // namespace vantrel::printer

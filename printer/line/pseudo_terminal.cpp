@@ -3,6 +3,7 @@
 #include "protocol/line_speed.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -66,6 +67,14 @@ std::size_t PseudoTerminal::Write(const link::Bytes& bytes) {
     written += static_cast<std::size_t>(count);
   }
   return written;
+}
+
+bool PseudoTerminal::IsTaken() const {
+  // To look whether there is something to read carries over what is under way from the master.
+  pollfd device{slave_.Get(), POLLIN, 0};
+  poll(&device, 1, 0);
+  int unread = 0;
+  return ioctl(slave_.Get(), FIONREAD, &unread) != 0 || unread == 0;
 }
 
 std::optional<int> PseudoTerminal::ConsoleSpeed() const {

@@ -24,6 +24,7 @@ class PseudoTerminal final : public protocol::LineEnd {
   int Descriptor() const override { return master_.Get(); }
   link::Bytes Read() override;
   std::size_t Write(const link::Bytes& bytes) override;
+  bool IsTaken() const override;
   std::optional<int> ConsoleSpeed() const override;
   void ClearExclusiveUse() override;
 

@@ -1,8 +1,10 @@
 #include "printer/line/socket_line.h"
 
+#include <linux/sockios.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/epoll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 
 #include <array>
@@ -100,6 +102,12 @@ std::size_t SocketLine::Write(const link::Bytes& bytes) {
       CloseConsole();
   }
   return written;
+}
+
+bool SocketLine::IsTaken() const {
+  // On TCP what its system has not acknowledged, on a Unix socket what it has not read.
+  int unread = 0;
+  return !console_.IsOpen() || ioctl(console_.Get(), SIOCOUTQ, &unread) != 0 || unread == 0;
 }
 
 void SocketLine::CloseConsole() {

@@ -26,6 +26,7 @@ class SocketLine final : public protocol::LineEnd {
   int WriteDescriptor() const override { return console_.Get(); }
   link::Bytes Read() override;
   std::size_t Write(const link::Bytes& bytes) override;
+  bool IsTaken() const override;
 
  private:
   // Takes the consoles in that have come.

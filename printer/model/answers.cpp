@@ -147,7 +147,8 @@ void Answers::AddAnswer(Chunk& chunk, const Asked& asked, std::optional<std::uin
     bytes.insert(bytes.end(), extra->bytes.begin(), extra->bytes.end());
   if (bytes.empty()) return;
   chunk.Add(bytes);
-  chunk.ends.emplace_back(chunk.bytes.size(), Answered{asked.code, status, std::move(bytes)});
+  chunk.ends.emplace_back(chunk.bytes.size(),
+                          Answered{asked.code, status, std::move(bytes), asked.number});
 }
 
 void Answers::Put(const Chunk& chunk, std::chrono::milliseconds gap, protocol::Moment now) {

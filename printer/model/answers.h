@@ -24,6 +24,8 @@ struct Asked {
   std::optional<std::uint8_t> code;
   protocol::Moment when{0};
   Strikes strikes;
+  // Which frame it is, counted from 1; 0 for what no frame has asked.
+  std::size_t number = 0;
 
   // How many bytes of the answer there have been, 06h too.
   std::size_t answered = 0;
@@ -37,6 +39,8 @@ struct Answered {
   std::optional<std::uint8_t> code;    // of the command
   std::optional<std::uint8_t> status;  // of the reply; nothing where there was no reply
   link::Bytes bytes;
+  // Which frame it answers, see PrinterModel::LastHeard.
+  std::size_t number = 0;
 
   friend bool operator==(const Answered&, const Answered&) = default;
 };

@@ -1,5 +1,6 @@
 #include "printer/model/fault.h"
 
+#include "printer/model/quoted.h"
 #include "protocol/control.h"
 
 #include <algorithm>
@@ -53,6 +54,9 @@ constexpr FaultRow kRows[] = {
      "1 20 silence,bad-bcc,truncate", "Some of these, at random (seed, percent, faults)"},
 };
 
+// What a person has written, for an error.
+std::string InQuotes(std::string_view text) { return Quoted(text, '\''); }
+
 [[noreturn]] void Refuse(const std::string& reason) { throw std::invalid_argument(reason); }
 
 const FaultRow& RowOf(Kind kind) {
@@ -72,7 +76,7 @@ unsigned NumberOf(std::string_view what, const std::string& text, unsigned least
   const auto [stop, error] = std::from_chars(text.data(), end, number);
   if (error != std::errc() || stop != end || number < least || number > most) {
     Refuse("'" + std::string(what) + "' needs a number from " + std::to_string(least) + " to " +
-           std::to_string(most) + ", not '" + text + "'.");
+           std::to_string(most) + ", not " + InQuotes(text) + '.');
   }
   return number;
 }
@@ -103,8 +107,8 @@ link::Bytes BytesOfText(const FaultRow& row, const std::string& text) {
   const std::size_t most = row.value == FaultValue::kHexByte ? 1 : row.most;
   if (!IsHex(text) || text.size() % 2 != 0 || text.size() / 2 > most) {
     Refuse("'" + std::string(row.word) + "' needs " +
-           (most == 1 ? "two hex digits" : "one to 256 pairs of hex digits") + ", not '" + text +
-           "'.");
+           (most == 1 ? "two hex digits" : "one to 256 pairs of hex digits") + ", not " +
+           InQuotes(text) + '.');
   }
   return link::BytesOf(text);
 }
@@ -132,7 +136,7 @@ std::vector<Fault> ParseChoices(Words& words) {
     Words choice(part);
     choices.push_back(ParseKind(choice, true));
     if (!choice.IsAtEnd())
-      Refuse("A comma stands between two faults of 'random', not '" + choice.Peek() + "'.");
+      Refuse("A comma stands between two faults of 'random', not " + InQuotes(choice.Peek()) + '.');
   }
   return choices;
 }
@@ -174,7 +178,7 @@ Fault ParseKind(Words& words, bool among_others) {
   const std::string name = words.Take();
   const auto* const row = std::find_if(std::begin(kRows), std::end(kRows),
                                        [&name](const FaultRow& each) { return each.word == name; });
-  if (row == std::end(kRows)) Refuse("There is no fault '" + name + "'.");
+  if (row == std::end(kRows)) Refuse("There is no fault " + InQuotes(name) + '.');
   if (among_others && row->kind == Kind::kRandom)
     Refuse("'random' can be none of the faults of 'random'.");
   Fault fault;
@@ -192,7 +196,7 @@ std::uint8_t CodeOf(std::string text) {
   const std::string word = text;
   if (text.size() == 3 && (text.back() == 'h' || text.back() == 'H')) text.pop_back();
   if (text.size() != 2 || !IsHex(text))
-    Refuse("'on' needs a command code of two hex digits, not '" + word + "'.");
+    Refuse("'on' needs a command code of two hex digits, not " + InQuotes(word) + '.');
   return link::BytesOf(text).front();
 }
 
@@ -232,8 +236,8 @@ class Clauses {
     } else {
       Refuse(
           "'on', 'after' and 'every' may follow, and 'next', 'for' with a number or 'until "
-          "cleared', not '" +
-          word + (words.IsAtEnd() ? "" : " " + words.Peek()) + "'.");
+          "cleared', not " +
+          InQuotes(word + (words.IsAtEnd() ? "" : " " + words.Peek())) + '.');
     }
   }
   static void Once(bool& told, const std::string& word) {

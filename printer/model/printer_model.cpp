@@ -71,6 +71,27 @@ bool PrinterModel::PullOutCard(protocol::Moment now) {
   return possible;
 }
 
+bool PrinterModel::PressCleaningButton(protocol::Moment now) {
+  LetTimePass(now);
+  const bool possible = state_.power && state_.cleaning_button && line_.size() < kLongestLine;
+  if (possible) {
+    constexpr std::array<std::uint8_t, 1> kCleaning{0x52};
+    Asked asked;
+    asked.code = kCleaning[0];
+    asked.when = now;
+    Fault no_answer;
+    no_answer.kind = Fault::Kind::kMute;
+    asked.strikes.Add(std::move(no_answer));
+    Job job{*Prepare(state_, kCleaning), std::move(asked)};
+    if (work_)
+      line_.push_back(std::move(job));
+    else
+      Begin(std::move(job), now);
+  }
+  Flush(now);
+  return possible;
+}
+
 bool PrinterModel::SetCardKind(CardKind kind) {
   if (state_.place != CardPlace::kOutside) return false;
   state_.card.kind = kind;
@@ -157,6 +178,15 @@ void PrinterModel::SetCaseParts(bool fitted) {
   if (change_) change_();
 }
 
+void PrinterModel::SetCodePage(link::CodePage code_page) {
+  state_.code_page = code_page;
+  if (change_) change_();
+}
+
+bool PrinterModel::IsBusy() const {
+  return work_ || !line_.empty() || incoming_.Waiting() > 0 || answers_.Deadline();
+}
+
 Activity PrinterModel::CurrentActivity() const {
   if (!state_.power) return Activity::kOff;
   if (work_) return Activity::kWork;
@@ -226,7 +256,11 @@ void PrinterModel::TellHeard(std::span<const std::uint8_t> bytes, protocol::Mome
 void PrinterModel::Accept(const protocol::Arrival& arrival, protocol::Moment now) {
   Asked asked;
   asked.when = now;
-  if (!arrival.content.empty()) asked.code = arrival.content.front();
+  asked.number = ++heard_;
+  if (!arrival.content.empty()) {
+    asked.code = arrival.content.front();
+    last_heard_[*asked.code] = heard_;
+  }
   if (!arrival.check_is_good) {
     answers_.AnswerWith(protocol::kResend, asked);
     return;

@@ -7,6 +7,7 @@
 #include "printer/model/fault_plan.h"
 #include "protocol/line_receiver.h"
 
+#include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -80,6 +81,15 @@ class PrinterModel {
   // When Advance must be called at the latest; nothing while the printer only waits.
   std::optional<protocol::Moment> NextAdvance() const;
 
+  // How many whole frames have come, good and bad, or which of them was the last of a code; counted
+  // from 1, 0 where none has.
+  std::size_t LastHeard() const { return heard_; }
+  std::size_t LastHeard(std::uint8_t code) const { return last_heard_[code]; }
+  // Whether time alone will bring an answer: a command is at work or stands in line behind one, or
+  // bytes are on their way in or out. What waits for a person counts no more than what a fault
+  // keeps back for another answer.
+  bool IsBusy() const;
+
   // A person's hand. Each returns false, and does nothing, where a hand could not do it: a card is
   // put in when it is outside, pulled out when it is not outside and nothing moves it, changed for
   // another kind or another card when it is outside.
@@ -87,6 +97,9 @@ class PrinterModel {
   bool PullOutCard(protocol::Moment now);
   bool SetCardKind(CardKind kind);
   bool ChangeCard(Card card);
+  // Does what 52h does, without an answer. False where the button has no effect: it is disabled,
+  // the printer is switched off, or as many commands as can be stand in line.
+  bool PressCleaningButton(protocol::Moment now);
   // Records `contents` on a track (0 to 2) of the card, wherever the card is. Bytes that no track
   // holds (all but 01h and 04h to 7Eh) are left out, what is longer than the track is cut off.
   void SetTrack(std::size_t track, std::string_view contents);
@@ -99,6 +112,8 @@ class PrinterModel {
   // How the printer is made and fitted: a QL-7 without the case accessory parts at start.
   void SetSeries(Series series);
   void SetCaseParts(bool fitted);
+  // The code page of the text of 41h, from the next command on.
+  void SetCodePage(link::CodePage code_page);
   // What goes wrong with commands. Every frame with a good block check is a command to it, one that
   // is rejected too. Power and reset leave it.
   const FaultPlan& Faults() const { return faults_; }
@@ -164,6 +179,8 @@ class PrinterModel {
   void Flush(protocol::Moment now);
 
   PrinterState state_;
+  std::size_t heard_ = 0;
+  std::array<std::size_t, 256> last_heard_{};
   IncomingLine incoming_;
   protocol::LineReceiver receiver_;
   bool instant_ = false;

@@ -122,5 +122,18 @@ TEST(PseudoTerminal, EndsItsDeviceWithItself) {
   EXPECT_FALSE(support::DeviceUser(path).IsOpen());
 }
 
+TEST(PseudoTerminal, TellsWhetherAConsoleHasTakenAll) {
+  PseudoTerminal terminal;
+  const support::DeviceUser user(terminal.DevicePath());
+  EXPECT_TRUE(terminal.IsTaken());
+  // At once, however late the system carries it over.
+  for (int i = 0; i < 100; ++i) {
+    terminal.Write({0x06});
+    EXPECT_FALSE(terminal.IsTaken());
+    EXPECT_EQ(user.Read(1), "06");
+    EXPECT_TRUE(terminal.IsTaken());
+  }
+}
+
 }  // namespace
 }  // namespace vantrel::printer

@@ -1,5 +1,6 @@
 #include "printer/line/socket_line.h"
 
+#include "tests/support/file_folder.h"
 #include "tests/support/socket_user.h"
 
 #include <gtest/gtest.h>
@@ -179,6 +180,18 @@ TEST_F(UnixSocketLine, LeavesALivingOneAndAnythingElseAlone) {
   EXPECT_EQ(fs::file_size(file), 8U);
   EXPECT_THROW(SocketLines(std::string(200, 'x'))(), std::runtime_error);
   EXPECT_THROW(SocketLines(folder_ / "missing" / "printer")(), std::runtime_error);
+}
+
+TEST(SocketLine, TellsWhetherAConsoleHasTakenAll) {
+  const support::FileFolder folder;
+  const auto line = SocketLines(folder.Path("printer"))();
+  EXPECT_TRUE(line->IsTaken());
+  const SocketUser console = SocketUser::OnPath(folder.Path("printer"));
+  ReadFrom(*line);
+  line->Write(kQuestion);
+  EXPECT_FALSE(line->IsTaken());
+  EXPECT_EQ(console.Read(kQuestion.size()), kQuestion);
+  EXPECT_TRUE(line->IsTaken());
 }
 
 }  // namespace

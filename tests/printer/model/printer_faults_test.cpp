@@ -257,8 +257,8 @@ TEST_F(Faults, SuppressTheAnswerThatIsTold) {
   Set("reject");
   Ask();
   Ask();
-  EXPECT_EQ(answers, (std::vector<Answered>{{0x95, std::nullopt, {0x10}},
-                                            {0x95, 0x20, link::BytesOf("029520300386")}}));
+  EXPECT_EQ(answers, (std::vector<Answered>{{0x95, std::nullopt, {0x10}, 4},
+                                            {0x95, 0x20, link::BytesOf("029520300386"), 5}}));
 }
 
 TEST_F(Faults, ChangeThePlanAndTell) {

@@ -161,13 +161,76 @@ TEST_F(Printer, TellsOfAnAnswerWhenItHasLeft) {
   bench_.Pass(699ms);
   EXPECT_TRUE(answers.empty());
   bench_.Pass(1ms);
-  EXPECT_EQ(answers, (std::vector<Answered>{{0x21, 0x20, link::BytesOf("0221204142430342")}}));
+  EXPECT_EQ(answers, (std::vector<Answered>{{0x21, 0x20, link::BytesOf("0221204142430342"), 1}}));
   // 10h and 15h are answers, too.
   bench_.Send("02 20 03 23");
   bench_.Send("02 21 03 23");
   ASSERT_EQ(answers.size(), 3U);
-  EXPECT_EQ(answers[1], (Answered{0x20, std::nullopt, {0x10}}));
-  EXPECT_EQ(answers[2], (Answered{0x21, std::nullopt, {0x15}}));
+  EXPECT_EQ(answers[1], (Answered{0x20, std::nullopt, {0x10}, 2}));
+  EXPECT_EQ(answers[2], (Answered{0x21, std::nullopt, {0x15}, 3}));
+}
+
+TEST_F(Printer, CountsTheFramesThatItHears) {
+  EXPECT_EQ(bench_.model.LastHeard(), 0U);
+  EXPECT_EQ(bench_.model.LastHeard(0x95), 0U);
+  bench_.Send("02 95 03 96 02 20 03 23 02 95 03 00");
+  EXPECT_EQ(bench_.model.LastHeard(), 3U);
+  EXPECT_EQ(bench_.model.LastHeard(0x20), 2U);
+  EXPECT_EQ(bench_.model.LastHeard(0x95), 3U);
+  // No code at all, and no whole frame.
+  bench_.Send("02 03 03 02 95");
+  EXPECT_EQ(bench_.model.LastHeard(), 4U);
+}
+
+TEST_F(Printer, IsBusyWhileTimeAloneBringsAnAnswer) {
+  EXPECT_FALSE(bench_.model.IsBusy());
+  bench_.Send("02 21 03 22");
+  EXPECT_FALSE(bench_.model.IsBusy());
+  bench_.InsertCard();
+  EXPECT_TRUE(bench_.model.IsBusy());
+  bench_.Pass(1s);
+  EXPECT_FALSE(bench_.model.IsBusy());
+  bench_.model.SetPacing(true);
+  bench_.Send("02 95 03 96");
+  EXPECT_TRUE(bench_.model.IsBusy());
+  bench_.Pass(1s);
+  EXPECT_FALSE(bench_.model.IsBusy());
+  // A flashing LED is no answer.
+  bench_.model.SetPacing(false);
+  bench_.Send("02 5A 30 32 32 03 69");
+  EXPECT_TRUE(bench_.model.NextAdvance());
+  EXPECT_FALSE(bench_.model.IsBusy());
+}
+
+TEST_F(Printer, DoesWhat52hDoesAtThePressOfTheButton) {
+  EXPECT_TRUE(bench_.model.PressCleaningButton(bench_.now));
+  EXPECT_EQ(bench_.model.CurrentActivity(), Activity::kCardWait);
+  bench_.model.SetCardKind(CardKind::kCleaning);
+  bench_.InsertCard();
+  // As long as 52h works, and nothing is answered.
+  EXPECT_EQ(bench_.Pass(2999ms), support::Chunks{});
+  EXPECT_EQ(bench_.model.CurrentActivity(), Activity::kWork);
+  EXPECT_EQ(bench_.Pass(1min), support::Chunks{});
+  EXPECT_EQ(bench_.model.State().place, CardPlace::kExit);
+  EXPECT_EQ(bench_.model.LastHeard(), 0U);
+}
+
+TEST_F(Printer, LetsTheButtonStandInLine) {
+  bench_.InsertCard();
+  bench_.Send("02 21 03 22");
+  EXPECT_TRUE(bench_.model.PressCleaningButton(bench_.now));
+  EXPECT_EQ(bench_.model.CommandUnderWay(), 0x21);
+  EXPECT_EQ(bench_.Pass(700ms).size(), 1U);
+  EXPECT_EQ(bench_.model.CommandUnderWay(), 0x52);
+}
+
+TEST_F(Printer, HasNoButtonWhileItIsOffOrTheLineIsFull) {
+  bench_.model.SetPower(false, bench_.now);
+  EXPECT_FALSE(bench_.model.PressCleaningButton(bench_.now));
+  bench_.model.SetPower(true, bench_.now);
+  bench_.InsertCard();
+  for (std::size_t i = 0; i <= kLongestLine; ++i) bench_.Send("02 21 03 22");
+  EXPECT_FALSE(bench_.model.PressCleaningButton(bench_.now));
 }
 
 TEST_F(Printer, RemarksOnACancellationThatEndsNoWaitForARemoval) {
