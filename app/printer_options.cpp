@@ -24,6 +24,11 @@ void Check(const Parsed& parsed) {
     throw WrongUse("--link needs the path of the link to make.");
   if (parsed.Has("capture") && parsed.Value("capture").empty())
     throw WrongUse("--capture needs the file to write.");
+  if (parsed.Has("log") && parsed.Value("log").empty())
+    throw WrongUse("--log needs the file to write.");
+  if (parsed.Value("log").ends_with(".pcapng"))
+    throw WrongUse("--log writes text or CSV; --capture writes captures.");
+  if (parsed.Has("log-limit") && !parsed.Has("log")) throw WrongUse("--log-limit needs --log.");
   if (parsed.Has("through") && parsed.Value("through").empty())
     throw WrongUse("--through needs the device of the printer.");
   if (parsed.Has("socket") && parsed.Value("socket").empty())
@@ -38,16 +43,17 @@ void Check(const Parsed& parsed) {
   if (parsed.Has("geometry") && parsed.Has("headless"))
     throw WrongUse("--geometry has no meaning with --headless: there is no window.");
   if (parsed.Has("script") && !parsed.Has("headless")) throw WrongUse("--script needs --headless.");
+  if (parsed.Has("json") && !parsed.Has("script")) throw WrongUse("--json needs --script.");
   if (parsed.Has("replay") && parsed.Value("replay").empty())
     throw WrongUse("--replay needs the capture to play back.");
   if (parsed.Has("match") && !parsed.Has("replay")) throw WrongUse("--match needs --replay.");
-  for (const char* option : {"card", "series", "speed", "no-pacing", "case-parts"}) {
+  for (const char* option : {"card", "series", "speed", "no-pacing", "case-parts", "code-page"}) {
     if (parsed.Has("replay") && parsed.Has(option))
       throw WrongUse(std::string("--") + option +
                      " has no meaning with --replay: there the printer of the capture answers.");
   }
-  for (const char* option :
-       {"script", "card", "instant", "series", "speed", "no-pacing", "case-parts", "replay"}) {
+  for (const char* option : {"script", "card", "instant", "series", "speed", "no-pacing",
+                             "case-parts", "code-page", "replay"}) {
     if (parsed.Has("through") && parsed.Has(option))
       throw WrongUse(std::string("--") + option +
                      " has no meaning with --through: there the real printer answers.");
@@ -57,6 +63,12 @@ void Check(const Parsed& parsed) {
 printer::Series SeriesIn(const std::string& text) {
   if (text != "ql7" && text != "ql8") throw WrongUse("--series is ql7 or ql8.");
   return text == "ql8" ? printer::Series::kQl8 : printer::Series::kQl7;
+}
+
+// That of the system's language where none is told.
+link::CodePage CodePageIn(const std::string& text) {
+  const auto told = text.empty() ? std::nullopt : link::CodePageOfNumber(std::stoi(text));
+  return told.value_or(link::SystemCodePage());
 }
 
 int SpeedIn(const std::string& text) {
@@ -102,6 +114,7 @@ PrinterOptions OptionsOf(const Parsed& parsed) {
   return {
       .headless = parsed.Has("headless"),
       .script = parsed.Has("script"),
+      .json = parsed.Has("json"),
       .card = parsed.Has("card"),
       .instant = parsed.Has("instant"),
       .tcp = parsed.Has("tcp") ? std::optional(AddressIn("--tcp", parsed.Value("tcp"), "127.0.0.1"))
@@ -109,6 +122,9 @@ PrinterOptions OptionsOf(const Parsed& parsed) {
       .socket = parsed.Value("socket"),
       .link = parsed.Value("link"),
       .capture = parsed.Value("capture"),
+      .log = parsed.Value("log"),
+      .log_limit =
+          parsed.Has("log-limit") ? std::optional(parsed.Number("log-limit")) : std::nullopt,
       .replay = parsed.Value("replay"),
       .match_code = parsed.Value("match") == "code",
       .through = PrinterIn(parsed.Value("through")),
@@ -118,6 +134,7 @@ PrinterOptions OptionsOf(const Parsed& parsed) {
       .case_parts = parsed.Has("case-parts"),
       .geometry =
           parsed.Has("geometry") ? std::optional(PlaceIn(parsed.Value("geometry"))) : std::nullopt,
+      .code_page = CodePageIn(parsed.Value("code-page")),
   };
 }
 

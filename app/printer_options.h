@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commandline/table.h"
+#include "link/code_page.h"
 #include "printer/commands/printer_state.h"
 #include "protocol/tcp_address.h"
 
@@ -21,14 +22,17 @@ struct WindowPlace {
 struct PrinterOptions {
   bool headless = false;
   bool script = false;
+  bool json = false;
   bool card = false;
   bool instant = false;
   // What is served in place of a pseudo-terminal, one of them at most; empty where none is told.
   std::optional<protocol::TcpAddress> tcp;
   std::string socket;
-  std::string link;     // empty where none is asked for
-  std::string capture;  // a file; empty where none is asked for
-  std::string replay;   // a capture; empty where none is played back
+  std::string link;              // empty where none is asked for
+  std::string capture;           // a file; empty where none is asked for
+  std::string log;               // a file; empty where none is asked for
+  std::optional<int> log_limit;  // in megabytes
+  std::string replay;            // a capture; empty where none is played back
   bool match_code = false;
   std::string through;  // a device or "tcp:HOST:PORT"; empty where a printer is served
   printer::Series series = printer::Series::kQl7;
@@ -36,6 +40,7 @@ struct PrinterOptions {
   bool pacing = true;
   bool case_parts = false;
   std::optional<WindowPlace> geometry;
+  link::CodePage code_page = link::SystemCodePage();
 };
 
 // The options, or the status with which the program ends now; what is to be said has been said.

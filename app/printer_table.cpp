@@ -1,9 +1,15 @@
 #include "app/printer_table.h"
 
+#include "printer/service/script_words.h"
+
+#include <string>
+#include <vector>
+
 namespace vantrel::app {
 namespace {
 
 using commandline::Completion;
+using commandline::NumberRange;
 using commandline::Program;
 
 constexpr const char* kStatusString =
@@ -16,6 +22,13 @@ constexpr const char* kStatusString =
     "  6  colour of the LED, in the digits of 5Ah\n"
     "  7  LED, in the digits of 5Ah\n"
     "  8  cleaning button, as it is in force: 0 disabled, 1 enabled\n";
+
+std::vector<commandline::InputLine> LinesOfScript() {
+  std::vector<commandline::InputLine> lines;
+  for (const printer::ScriptLine& line : printer::ScriptLines())
+    lines.push_back({.usage = std::string(line.usage), .help = std::string(line.help)});
+  return lines;
+}
 
 }  // namespace
 
@@ -30,17 +43,22 @@ Program MakePrinterProgram() {
           "stands between a console and a real printer and shows what goes over the line.",
       .synopsis =
           {"[OPTIONS]",
-           "--replay FILE [--headless [--script]] [--instant] [--match code] "
-           "[--link PATH | --tcp [ADDRESS:]PORT | --socket PATH] [--capture FILE]",
+           "--replay FILE [--headless [--script [--json]]] [--instant] [--match code] "
+           "[--link PATH | --tcp [ADDRESS:]PORT | --socket PATH] [--capture FILE] [--log FILE]",
            "--through DEVICE [--headless] [--link PATH | --tcp [ADDRESS:]PORT | --socket PATH] "
-           "[--capture FILE]"},
+           "[--capture FILE] [--log FILE]"},
       .options =
           {{.name = "headless",
             .help = "Shows no window and needs no display. The printer serves until it is ended by "
                     "SIGINT, SIGTERM or SIGHUP."},
            {.name = "script",
             .help = "Takes commands from standard input, one a line, and answers each with one "
-                    "line; 'help' names them. Needs --headless. The printer ends with the input."},
+                    "line; 'help' names them. Needs --headless. The printer ends with the input, "
+                    "with status "
+                    "1 where a line was answered with an error."},
+           {.name = "json",
+            .help = "Answers each line of the script with one JSON object, the first line too; see "
+                    "JSON. Needs --script."},
            {.name = "through",
             .value = {.name = "DEVICE", .completion = Completion::kFiles},
             .help = "Serves no printer but passes on every byte between the console and the real "
@@ -85,6 +103,15 @@ Program MakePrinterProgram() {
             .value = {.name = "WIDTHxHEIGHT+X+Y"},
             .help = "Opens the window of that size at that place of the screen, both in pixels, "
                     "and keeps no settings."},
+           {.name = "log",
+            .value = {.name = "FILE", .completion = Completion::kFiles},
+            .help = "Writes what goes over the line to FILE, as it goes: as comma-separated values "
+                    "where FILE ends in .csv, else as text. A regular file is emptied first; "
+                    "anything else is an error."},
+           {.name = "log-limit",
+            .value = {.name = "MB", .range = NumberRange{1, 1000000}},
+            .help = "Ends the file of --log before it is larger than MB megabytes of 1000000 "
+                    "bytes, and says so once."},
            {.name = "card", .help = "Starts with a card inserted at the front."},
            {.name = "instant",
             .help = "Lets every command's work, and the line, take no time. Otherwise a move of "
@@ -100,8 +127,13 @@ Program MakePrinterProgram() {
             .default_value = "9600"},
            {.name = "no-pacing",
             .help = "Answers at once, and any console, at any speed; --instant does so too."},
+           {.name = "code-page",
+            .value = {.name = "N", .choices = {"932", "936", "949", "950", "1252"}},
+            .help = "Takes the text of 41h to be in code page N instead of that of the system's "
+                    "language."},
            {.name = "case-parts",
             .help = "Has the case accessory parts fitted, which close the back."}},
+      .input_lines = LinesOfScript(),
       .notes = kStatusString,
   };
 }

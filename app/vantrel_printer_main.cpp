@@ -10,6 +10,7 @@
 #include "log/capture_sink.h"
 #include "log/frm_playback.h"
 #include "log/frm_through.h"
+#include "log/json_object.h"
 #include "log/line_output.h"
 #include "log/line_recorder.h"
 #include "log/log_printer.h"
@@ -23,6 +24,7 @@
 #include "printer/model/printer_model.h"
 #include "printer/service/end_watch.h"
 #include "printer/service/line_recording.h"
+#include "printer/service/log_file.h"
 #include "printer/service/printer_script.h"
 #include "printer/service/printer_server.h"
 #include "printer/service/script_console.h"
@@ -36,6 +38,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
@@ -92,12 +95,24 @@ std::unique_ptr<vantrel::printer::DeviceLink> MakeLink(const vantrel::app::Print
   return std::make_unique<vantrel::printer::DeviceLink>(options.link, device);
 }
 
+// How a script is answered.
+vantrel::printer::ScriptStyle StyleOf(const vantrel::app::PrinterOptions& options) {
+  return {.json = options.json,
+          .line = options.tcp              ? "address"
+                  : options.socket.empty() ? "device"
+                                           : "socket"};
+}
+
 // Makes the link and tells the device to open.
 std::unique_ptr<vantrel::printer::DeviceLink> Announce(const vantrel::app::PrinterOptions& options,
                                                        const std::string& device,
                                                        vantrel::log::LineOutput& output) {
   auto link = MakeLink(options, device);
-  output.Write(device);
+  output.Write(options.json ? vantrel::log::JsonObject()
+                                  .Add("ok", std::optional(true))
+                                  .Add(StyleOf(options).line, device)
+                                  .Text()
+                            : device);
   if (output.IsGone()) throw std::runtime_error("standard output cannot be written.");
   return link;
 }
@@ -111,16 +126,24 @@ vantrel::printer::PrinterServer::LineMaker LinesOf(const vantrel::app::PrinterOp
 
 void Complain(const std::string& error) { std::cerr << "vantrel-printer: " << error << '\n'; }
 
-// The capture of a recorder's line, where one is asked for.
-class Capture {
+// The files that are written of a recorder's line as it goes, where they are asked for.
+class Files {
  public:
-  // Throws std::runtime_error, in words, where the file cannot be written.
-  explicit Capture(const vantrel::app::PrinterOptions& options) {
+  // Throws std::runtime_error, in words, where one cannot be written.
+  explicit Files(const vantrel::app::PrinterOptions& options) {
     if (!options.capture.empty()) sink_.emplace(options.capture);
+    if (options.log.empty()) return;
+    constexpr std::int64_t kMegabyte = 1000000;
+    const auto limit =
+        options.log_limit ? std::optional(*options.log_limit * kMegabyte) : std::nullopt;
+    log_.emplace(options.log, limit);
+    QObject::connect(&*log_, &vantrel::printer::LogFile::Ended, &*log_,
+                     [](const QString& reason) { Complain(reason.toLocal8Bit().toStdString()); });
   }
-  bool IsAskedFor() const { return sink_.has_value(); }
+  bool AreAskedFor() const { return sink_ || log_; }
   // From now on; the recorder knows its line and outlives this object.
   void Begin(vantrel::log::LineRecorder& recorder) {
+    if (log_) log_->Begin(recorder);
     if (!sink_) return;
     writer_.emplace(recorder, *sink_);
     QObject::connect(&*writer_, &vantrel::log::CaptureRecorder::Ended, &*writer_,
@@ -129,16 +152,19 @@ class Capture {
   // The end of the line. Returns the status to end with instead of `status`.
   int Finish(int status) {
     if (writer_) writer_->Finish();
-    return sink_ && !sink_->Problem().empty() && status == EXIT_SUCCESS ? EXIT_FAILURE : status;
+    if (log_) log_->Finish();
+    const bool failed = (sink_ && !sink_->Problem().empty()) || (log_ && log_->HasFailed());
+    return failed && status == EXIT_SUCCESS ? EXIT_FAILURE : status;
   }
 
  private:
   std::optional<vantrel::log::CaptureSink> sink_;
   std::optional<vantrel::log::CaptureRecorder> writer_;
+  std::optional<vantrel::printer::LogFile> log_;
 };
 
 // Runs until the program is asked to end, and returns its status.
-int Run(vantrel::log::LineOutput& output, vantrel::log::LineRecorder& recorder, Capture& capture) {
+int Run(vantrel::log::LineOutput& output, vantrel::log::LineRecorder& recorder, Files& written) {
   const vantrel::printer::EndWatch end_watch;
   QObject::connect(&end_watch, &vantrel::printer::EndWatch::Asked, &end_watch,
                    [] { QCoreApplication::exit(EXIT_SUCCESS); });
@@ -146,7 +172,7 @@ int Run(vantrel::log::LineOutput& output, vantrel::log::LineRecorder& recorder, 
   // What has been read is told in events.
   QCoreApplication::sendPostedEvents();
   recorder.Finish();
-  status = capture.Finish(status);
+  status = written.Finish(status);
   output.Drain(kPatience);
   return status;
 }
@@ -156,7 +182,7 @@ int PassThrough(const vantrel::app::PrinterOptions& options) {
   vantrel::log::LineRecorder recorder;
   recorder.SetLine({options.through, {}});
   vantrel::log::ThroughServer server(options.through, LinesOf(options)(), recorder);
-  Capture capture(options);
+  Files written(options);
   WindowHelpers helpers;
   std::unique_ptr<vantrel::log::FrmThrough> form;
   std::optional<vantrel::log::LogPrinter> printer;
@@ -179,9 +205,9 @@ int PassThrough(const vantrel::app::PrinterOptions& options) {
                      else
                        QCoreApplication::exit(EXIT_FAILURE);
                    });
-  capture.Begin(recorder);
+  written.Begin(recorder);
   const auto link = Announce(options, server.DevicePath(), output);
-  const int status = Run(output, recorder, capture);
+  const int status = Run(output, recorder, written);
   return gone ? EXIT_FAILURE : status;
 }
 
@@ -204,6 +230,15 @@ std::vector<vantrel::log::LogEntry> RowsToPlay(const std::string& path) {
   return rows;
 }
 
+std::string SummaryInJson(const vantrel::log::Playback& playback) {
+  return vantrel::log::JsonObject()
+      .Add("ok", std::optional(playback.IsSuccess()))
+      .Add("frames", static_cast<long>(playback.Frames()))
+      .Add("played", static_cast<long>(playback.Played()))
+      .Add("unexpected", static_cast<long>(playback.Unexpected()))
+      .Text();
+}
+
 int Replay(const vantrel::app::PrinterOptions& options) {
   vantrel::log::Playback playback(RowsToPlay(options.replay),
                                   {.instant = options.instant, .match_code = options.match_code});
@@ -211,7 +246,7 @@ int Replay(const vantrel::app::PrinterOptions& options) {
   vantrel::log::LineRecorder recorder;
   vantrel::log::PlaybackServer server(playback, LinesOf(options)(), recorder);
   recorder.SetLine({server.DevicePath(), {}});
-  Capture capture(options);
+  Files written(options);
   QObject::connect(&server, &vantrel::log::PlaybackServer::Unexpected, &server,
                    [](const QString& words) { Complain(words.toStdString()); });
   WindowHelpers helpers;
@@ -221,24 +256,25 @@ int Replay(const vantrel::app::PrinterOptions& options) {
                                                        server, recorder, helpers.All());
     form->show();
   }
-  vantrel::printer::PrinterScript script(server, recorder);
+  vantrel::printer::PrinterScript script(server, recorder, StyleOf(options));
   QObject::connect(&script, &vantrel::printer::PrinterScript::Finished, &script,
-                   [] { QCoreApplication::exit(EXIT_SUCCESS); });
+                   [&script] { QCoreApplication::exit(script.Status()); });
   std::optional<vantrel::printer::ScriptConsole> console;
   if (options.script) console.emplace(script, STDIN_FILENO, output);
-  capture.Begin(recorder);
+  written.Begin(recorder);
   const auto link = Announce(options, server.DevicePath(), output);
-  const int status = Run(output, recorder, capture);
-  output.Write(playback.Summary());
+  const int status = Run(output, recorder, written);
+  output.Write(options.json ? SummaryInJson(playback) : playback.Summary());
   output.Drain(kPatience);
-  return playback.IsSuccess() ? status : EXIT_FAILURE;
+  if (status != EXIT_SUCCESS || script.AskedStatus()) return status;
+  return playback.IsSuccess() ? script.Status() : EXIT_FAILURE;
 }
 
 int Serve(const vantrel::app::PrinterOptions& options) {
   vantrel::log::LineOutput output(STDOUT_FILENO);
   vantrel::printer::Fonts fonts(vantrel::printer::SystemFontFolder());
   const QStringList missing_fonts = TellMissing(fonts);
-  vantrel::printer::PrinterModel model(fonts, vantrel::link::SystemCodePage());
+  vantrel::printer::PrinterModel model(fonts, options.code_page);
   model.SetInstantWork(options.instant);
   model.SetSeries(options.series);
   model.SetCaseParts(options.case_parts);
@@ -248,7 +284,7 @@ int Serve(const vantrel::app::PrinterOptions& options) {
   model.SetTrack(1, "0123456789");
   model.SetTrack(2, "9876543210");
   vantrel::printer::PrinterServer server(model, LinesOf(options));
-  Capture capture(options);
+  Files written(options);
   if (options.card) server.InsertCard();
   WindowHelpers helpers;
   QSettings settings("vantrel", "vantrel-printer");
@@ -264,15 +300,15 @@ int Serve(const vantrel::app::PrinterOptions& options) {
   vantrel::log::LineRecorder recorder;
   recorder.SetLine({server.DevicePath(), options.speed});
   if (form) form->SetLine(recorder.Line());
-  vantrel::printer::PrinterScript script(model, server, recorder);
+  vantrel::printer::PrinterScript script(model, server, recorder, StyleOf(options));
   QObject::connect(&script, &vantrel::printer::PrinterScript::Finished, &script,
-                   [] { QCoreApplication::exit(EXIT_SUCCESS); });
+                   [&script] { QCoreApplication::exit(script.Status()); });
   std::optional<vantrel::printer::ScriptConsole> console;
-  if (options.script || capture.IsAskedFor()) vantrel::printer::RecordLineOf(server, recorder);
+  if (options.script || written.AreAskedFor()) vantrel::printer::RecordLineOf(server, recorder);
   if (options.script) {
     console.emplace(script, STDIN_FILENO, output);
   }
-  capture.Begin(recorder);
+  written.Begin(recorder);
   auto link = Announce(options, server.DevicePath(), output);
   // The device may go and come back under another name. A link that cannot be made again leaves the
   // printer without one; nothing else depends on it.
@@ -285,7 +321,9 @@ int Serve(const vantrel::app::PrinterOptions& options) {
       Complain(error.what());
     }
   });
-  return Run(output, recorder, capture);
+  const int status = Run(output, recorder, written);
+  // It may have been ended by a signal.
+  return status == EXIT_SUCCESS ? script.Status() : status;
 }
 
 }  // namespace

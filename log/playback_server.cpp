@@ -46,12 +46,21 @@ PlaybackServer::~PlaybackServer() {
   playback_.OnUnexpected({});
 }
 
-void PlaybackServer::ReadLine() {
+void PlaybackServer::HearNoMore() {
+  if (!readable_.isEnabled()) return;
+  // A console that never pauses is heard no longer than this.
+  constexpr int kMostReads = 16;
+  for (int i = 0; i < kMostReads && ReadLine(); ++i) continue;
+  readable_.setEnabled(false);
+}
+
+bool PlaybackServer::ReadLine() {
   const link::Bytes bytes = line_->Read();
-  if (bytes.empty()) return;
+  if (bytes.empty()) return false;
   recorder_.Record(protocol::Direction::kFromConsole, ToQt(bytes, bytes.size()));
   playback_.Receive(bytes, Now());
   Schedule();
+  return true;
 }
 
 void PlaybackServer::Write(const link::Bytes& chunk) {

@@ -32,6 +32,11 @@ class PlaybackServer : public QObject {
   const std::string& DevicePath() const { return line_->Address(); }
   const Playback& Played() const { return playback_; }
 
+  // Takes what has come over the line by now, and nothing that comes later.
+  void HearNoMore();
+  // Whether the console has taken all that was sent, as far as can be told.
+  bool IsTaken() const { return line_->IsTaken(); }
+
  signals:
   // A frame came that was not expected, in words.
   void Unexpected(const QString& words);
@@ -40,7 +45,8 @@ class PlaybackServer : public QObject {
 
  private:
   protocol::Moment Now() const { return protocol::Moment{clock_.elapsed()}; }
-  void ReadLine();
+  // Whether there was anything to read.
+  bool ReadLine();
   void Write(const link::Bytes& chunk);
   // Has the timer go off when there is something to send, and tells of what has been done.
   void Schedule();

@@ -88,6 +88,17 @@ bool PrinterServer::PlugIn() {
   return true;
 }
 
+void PrinterServer::HearNoMore() {
+  // A console that never pauses is heard no longer than this.
+  constexpr int kMostReads = 16;
+  for (int i = 0; i < kMostReads && hears_ && line_ && model_.TakesMore() && ReadLine(); ++i)
+    continue;
+  hears_ = false;
+  Schedule();
+}
+
+bool PrinterServer::PressCleaningButton() { return model_.PressCleaningButton(Now()); }
+
 bool PrinterServer::InsertCard() { return model_.InsertCard(Now()); }
 
 bool PrinterServer::PullOutCard() { return model_.PullOutCard(Now()); }
@@ -98,11 +109,12 @@ protocol::Moment PrinterServer::Now() const {
   return clock_ ? clock_() : protocol::Moment{elapsed_.elapsed()};
 }
 
-void PrinterServer::ReadLine() {
+bool PrinterServer::ReadLine() {
   const link::Bytes bytes = line_->Read();
-  if (bytes.empty()) return;
+  if (bytes.empty()) return false;
   TellSpeed();
   model_.Receive(bytes, Now());
+  return true;
 }
 
 void PrinterServer::TellSpeed() {
@@ -117,7 +129,7 @@ void PrinterServer::Write(const link::Bytes& chunk) {
 }
 
 void PrinterServer::Schedule() {
-  if (readable_) readable_->setEnabled(model_.TakesMore());
+  if (readable_) readable_->setEnabled(hears_ && model_.TakesMore());
   const std::optional<protocol::Moment> next = model_.NextAdvance();
   if (next)
     due_.start(std::max(*next - Now(), protocol::Moment{0}));

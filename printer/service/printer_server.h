@@ -47,9 +47,15 @@ class PrinterServer : public QObject {
   // there. What making the line throws is thrown on.
   bool PlugIn();
 
+  // Takes what has come over the line by now, and nothing that comes later.
+  void HearNoMore();
+  // Whether the console has taken all that was sent, as far as can be told.
+  bool IsTaken() const { return !line_ || line_->IsTaken(); }
+
   // A person's hand, at this moment. False where a hand could not do it; see PrinterModel.
   bool InsertCard();
   bool PullOutCard();
+  bool PressCleaningButton();
   void SetPower(bool on);
 
   // This moment, for what the model tells of a moment.
@@ -73,7 +79,8 @@ class PrinterServer : public QObject {
 
  private:
   void Open();
-  void ReadLine();
+  // Whether there was anything to read.
+  bool ReadLine();
   // Tells the model at what speed the console talks now.
   void TellSpeed();
   void Write(const link::Bytes& chunk);
@@ -85,6 +92,7 @@ class PrinterServer : public QObject {
   std::unique_ptr<protocol::LineEnd> line_;
   // Whether the line took all of the last chunk.
   bool sent_whole_ = false;
+  bool hears_ = true;
   Clock clock_;
   QElapsedTimer elapsed_;
   QTimer due_;

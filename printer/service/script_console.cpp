@@ -24,6 +24,9 @@ ScriptConsole::ScriptConsole(PrinterScript& script, int input, log::LineOutput& 
     output_.Write({answer.constData(), static_cast<std::size_t>(answer.size())});
     if (output_.Pending() > kMostPending) input_.setEnabled(false);
   });
+  connect(&script_, &PrinterScript::Happened, this, [this](const QByteArray& event) {
+    output_.Write({event.constData(), static_cast<std::size_t>(event.size())});
+  });
   connect(&output_, &log::LineOutput::Emptied, this, [this] { input_.setEnabled(!ended_); });
   connect(&input_, &QSocketNotifier::activated, this, &ScriptConsole::Read);
 }

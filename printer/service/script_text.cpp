@@ -7,11 +7,24 @@
 
 namespace vantrel::printer {
 
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+bool IsPrintable(char byte) { return byte >= 0x20 && byte <= 0x7E; }
+
+}  // namespace
+
+std::string_view Trimmed(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
 std::pair<std::string_view, std::string_view> Split(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-  const std::string_view word = text.substr(0, text.find(' '));
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  const std::string_view word = text.substr(0, text.find_first_of(kBlanks));
   text.remove_prefix(word.size());
-  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
   return {word, text};
 }
 
@@ -34,12 +47,22 @@ std::optional<std::size_t> TrackIn(std::string_view text) {
   return static_cast<std::size_t>(text[0] - '1');
 }
 
+std::optional<std::string> PathIn(std::string_view text) {
+  text = Trimmed(text);
+  if (text.starts_with('"')) {
+    if (text.size() < 2 || !text.ends_with('"')) return std::nullopt;
+    text = text.substr(1, text.size() - 2);
+  }
+  if (text.empty() || text.find('\0') != std::string_view::npos) return std::nullopt;
+  return std::string(text);
+}
+
 std::string Escaped(std::string_view bytes) {
   std::string text;
   for (const char byte : bytes) {
     if (byte == '\\')
       text += "\\\\";
-    else if (byte < 0x20 || byte > 0x7E)
+    else if (!IsPrintable(byte))
       text += "\\x" + link::HexOf(static_cast<std::uint8_t>(byte));
     else
       text += byte;

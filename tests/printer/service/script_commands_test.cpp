@@ -1,6 +1,7 @@
 #include "printer/service/script_commands.h"
 
 #include "printer/service/script_text.h"
+#include "printer/service/script_words.h"
 
 #include <gtest/gtest.h>
 
@@ -10,13 +11,22 @@
 namespace vantrel::printer {
 namespace {
 
-TEST(ScriptCommands, HaveAWordOfTheirOwnThatBeginsTheirUsage) {
-  std::set<std::string_view> words;
-  for (const ScriptCommand& command : ScriptCommands()) {
-    EXPECT_TRUE(words.insert(command.word).second) << command.word;
-    EXPECT_EQ(Split(command.usage).first, command.word);
-    EXPECT_NE(command.run, nullptr) << command.word;
+TEST(ScriptCommands, DoWhatTheLinesTell) {
+  std::set<std::string_view> told;
+  for (const ScriptLine& line : ScriptLines()) {
+    EXPECT_TRUE(told.insert(line.words).second) << line.words;
+    EXPECT_TRUE(line.usage.starts_with(line.words)) << line.usage;
+    EXPECT_TRUE(line.help.ends_with('.')) << line.words;
   }
+  // It tells of the others.
+  std::set<std::string_view> done{"help"};
+  for (const auto& commands : {CardCommands(), PrinterCommands(), WaitCommands()}) {
+    for (const ScriptCommand& command : commands) {
+      EXPECT_TRUE(done.insert(command.words).second) << command.words;
+      EXPECT_NE(command.run, nullptr) << command.words;
+    }
+  }
+  EXPECT_EQ(told, done);
 }
 
 }  // namespace

@@ -79,9 +79,9 @@ TEST_F(ScriptConsoleTest, EndsTheScriptWithTheInput) {
 TEST_F(ScriptConsoleTest, ReadsNoMoreWhileNobodyTakesTheAnswers) {
   log::LineOutput output(answers_[1]);
   const ScriptConsole console(script_, input_[0], output);
-  // An answer is some hundred bytes long; a pipe holds 64 KB, as much again may be kept.
+  // An answer is a hundred bytes long; a pipe holds 64 KB, as much again may be kept.
   std::string asked;
-  for (int i = 0; i < 6000; ++i) asked += "help\n";
+  for (int i = 0; i < 6000; ++i) asked += "help pull\n";
   Ask(asked);
   ASSERT_TRUE(QTest::qWaitFor([&] { return output.Pending() > 65536; }));
   EXPECT_LT(output.Pending(), 600'000U);

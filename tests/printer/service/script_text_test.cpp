@@ -14,6 +14,23 @@ TEST(ScriptText, SplitsTheFirstWordOff) {
   EXPECT_EQ(Split("track  1 A  B "), Parts("track", "1 A  B "));
   EXPECT_EQ(Split("  state"), Parts("state", ""));
   EXPECT_EQ(Split("   "), Parts("", ""));
+  EXPECT_EQ(Split("\tspeed \t9600"), Parts("speed", "9600"));
+}
+
+TEST(ScriptText, TrimsBlanks) {
+  EXPECT_EQ(Trimmed(" \t a b\t "), "a b");
+  EXPECT_EQ(Trimmed(" \t "), "");
+}
+
+TEST(ScriptText, ReadsPathsOfAnyBytes) {
+  EXPECT_EQ(PathIn(" a b.png "), "a b.png");
+  EXPECT_EQ(PathIn("\" a \""), " a ");
+  EXPECT_EQ(PathIn("\"a\"b\""), "a\"b");
+  EXPECT_EQ(PathIn("a\"b"), "a\"b");
+  EXPECT_EQ(PathIn("\xE4"), "\xE4");
+  for (const char* text : {"", "  ", "\"", "\"\"", "\"a"})
+    EXPECT_EQ(PathIn(text), std::nullopt) << text;
+  EXPECT_EQ(PathIn(std::string_view("a\0b", 3)), std::nullopt);
 }
 
 TEST(ScriptText, ReadsWholeNumbersAlone) {
