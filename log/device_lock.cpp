@@ -50,10 +50,14 @@ std::optional<pid_t> HolderOf(int descriptor) {
   const ssize_t count = read(descriptor, text.data(), text.size());
   const char* const begin = text.data();
   const char* const end = begin + std::max<ssize_t>(count, 0);
-  const char* const first = std::find_if(begin, end, [](char each) { return each != ' '; });
   pid_t process = 0;
-  const auto [stop, error] = std::from_chars(first, end, process);
-  if (error != std::errc() && count == sizeof process) std::memcpy(&process, begin, sizeof process);
+  // No process number is so high that none of its four bytes is 0, which no text has.
+  if (count == sizeof process && std::find(begin, end, '\0') != end) {
+    std::memcpy(&process, begin, sizeof process);
+  } else {
+    const char* const first = std::find_if(begin, end, [](char each) { return each != ' '; });
+    std::from_chars(first, end, process);
+  }
   return process > 0 ? std::optional(process) : std::nullopt;
 }
 

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -106,6 +107,14 @@ TEST_F(DeviceLockTest, RemovesTheFileOfADeadProcess) {
   EXPECT_TRUE(fs::is_empty(folder_));
   const pid_t dead = DeadProcess();
   std::ofstream(File()).write(reinterpret_cast<const char*>(&dead), sizeof dead);
+  EXPECT_FALSE(IsBusy());
+  EXPECT_TRUE(fs::is_empty(folder_));
+}
+
+// As text it would be process 1, which lives.
+TEST_F(DeviceLockTest, TakesBytesThatBeginLikeTextForANumber) {
+  constexpr std::array<char, 4> kNoProcess{'1', '\n', '\0', '\x7F'};
+  std::ofstream(File()).write(kNoProcess.data(), kNoProcess.size());
   EXPECT_FALSE(IsBusy());
   EXPECT_TRUE(fs::is_empty(folder_));
 }
