@@ -33,6 +33,7 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -40,8 +41,10 @@ namespace vantrel::printer {
 namespace {
 
 constexpr int kMargin = 10;
-// As large as this at first where the screen lets it, with room left for the frame.
+// As large as this at first with a font of that height, larger with a larger font, where the screen
+// lets it, with room left for the frame.
 constexpr QSize kFirstSize{1120, 860};
+constexpr double kUsualFont = 15;
 constexpr QSize kFrame{20, 50};
 constexpr int kFirstRows = 8;
 
@@ -110,7 +113,8 @@ FrmPrinter::FrmPrinter(PrinterModel& model, PrinterServer& server, dialogs::Help
           dialogs::GuardedSlot(helpers.guard, [this] { TellDevice(); }));
   RecordLineOf(server, recorder_);
   TellDevice();
-  resize(kFirstSize.boundedTo(screen()->availableSize() - kFrame));
+  const QSize first_size = kFirstSize * std::max(1.0, fontMetrics().height() / kUsualFont);
+  resize(first_size.boundedTo(screen()->availableSize() - kFrame));
   is_placed_ = Recall();
 }
 

@@ -87,8 +87,8 @@ TEST_F(FaultPageTest, OffersBehavioursFirstAndThenStatusesWithTheirMeaning) {
                  "silence \u2013 Nothing answers",
                  "mute \u2013 The work is done, but nothing answers",
                  "delay 2000 \u2013 The reply comes late (milliseconds)",
-                 "late 1000 \u2013 The reply comes when the console has given it up (milliseconds "
-                 "after)",
+                 ("late 1000 \u2013 The reply comes when the console has given it up (milliseconds "
+                  "after)"),
                  "bad-bcc \u2013 The reply has a wrong block check",
                  "wrong-echo \u2013 The reply has another command code",
                  "truncate \u2013 The reply lacks its last two bytes",
@@ -101,8 +101,8 @@ TEST_F(FaultPageTest, OffersBehavioursFirstAndThenStatusesWithTheirMeaning) {
                  "split 5 \u2013 The answer comes byte by byte (milliseconds between)",
                  "join \u2013 The answer comes together with the next",
                  "vanish \u2013 The device vanishes",
-                 "random 1 20 silence,bad-bcc,truncate \u2013 Some of these, at random (seed, "
-                 "percent, faults)",
+                 ("random 1 20 silence,bad-bcc,truncate \u2013 Some of these, at random (seed, "
+                  "percent, faults)"),
                  "What status it answers with",
                  "22 \u2013 No targeted Card",
                  "23 \u2013 No magnetic stripe or other error",
