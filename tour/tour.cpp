@@ -4,8 +4,10 @@
 
 #include <QCoreApplication>
 #include <QImage>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
 #include <QTabWidget>
@@ -23,8 +25,9 @@ constexpr int kMoment =
 
 }  // namespace
 
-Tour::Tour(const QString& folder, dialogs::Guard& guard)
+Tour::Tour(const QString& folder, bool all_sizes, dialogs::Guard& guard)
     : folder_(folder),
+      all_sizes_(all_sizes),
       fonts_(printer::SystemFontFolder()),
       model_(fonts_, link::SystemCodePage()),
       server_(model_),
@@ -218,6 +221,26 @@ std::string Tour::Text(const char* name) const {
 
 void Tour::Photograph(QWidget& window, const QString& name) {
   QCoreApplication::processEvents();
+  Save(window, name);
+  if (!all_sizes_ || qobject_cast<QMessageBox*>(&window) != nullptr ||
+      qobject_cast<QInputDialog*>(&window) != nullptr)
+    return;
+  const QSize usual = window.size();
+  const auto save_at = [&](const QSize& size, const char* label) {
+    window.resize(size);
+    // The least size may follow from the width.
+    QCoreApplication::processEvents();
+    window.resize(size);
+    QCoreApplication::processEvents();
+    Save(window, name + label);
+  };
+  save_at(QSize(1, 1), "-smallest");
+  save_at(QSize(1920, 1080), "-large");
+  window.resize(usual);
+  QCoreApplication::processEvents();
+}
+
+void Tour::Save(QWidget& window, const QString& name) {
   const QString path = folder_.filePath(name + ".png");
   if (!window.grab().save(path))
     throw std::runtime_error("The picture " + path.toStdString() + " cannot be written.");

@@ -21,9 +21,9 @@ namespace vantrel::tour {
 // windows.
 class Tour {
  public:
-  // Pictures go to `folder`, which is made when it is missing. `guard` is the console's and must
-  // outlive the tour.
-  Tour(const QString& folder, dialogs::Guard& guard);
+  // Pictures go to `folder`, which is made when it is missing; with `all_sizes`, also of each
+  // window at its smallest and at 1920 by 1080. `guard` is the console's and must outlive the tour.
+  Tour(const QString& folder, bool all_sizes, dialogs::Guard& guard);
 
   // Throws PortError or std::runtime_error when a step cannot be taken.
   void Run();
@@ -52,7 +52,10 @@ class Tour {
   void Maintain();
   void PrintCard();
 
+  void Save(QWidget& window, const QString& name);
+
   const QDir folder_;
+  const bool all_sizes_;
   printer::Fonts fonts_;
   printer::PrinterModel model_;
   printer::PrinterServer server_;

@@ -1,8 +1,10 @@
 #include "console/guarded_application.h"
+#include "dialogs/program_start.h"
 #include "tour/tour.h"
 
+#include <QPalette>
+
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <iostream>
 
@@ -21,14 +23,26 @@ class TellingDialogs : public vantrel::dialogs::Dialogs {
   }
 };
 
+QPalette DarkPalette() {
+  QPalette palette(QColor(0x35, 0x35, 0x35));
+  palette.setColor(QPalette::Base, QColor(0x23, 0x23, 0x23));
+  palette.setColor(QPalette::Highlight, QColor(0x2A, 0x82, 0xDA));
+  return palette;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2 || std::strcmp(argv[1], "--help") == 0) {
-    std::cout << "Usage: vantrel-tour FOLDER\n"
-                 "Drives the console against a software printer, prints each exchange and writes\n"
-                 "pictures of the windows to FOLDER.\n";
-    return argc == 2 ? EXIT_SUCCESS : EXIT_FAILURE;
+  const QStringList options(argv + 1, argv + argc);
+  const bool all_sizes = options.contains("--all-sizes");
+  const bool dark = options.contains("--dark");
+  if (options.size() != 1 + all_sizes + dark || options.last().startsWith("--")) {
+    std::cout
+        << "Usage: vantrel-tour [--all-sizes] [--dark] FOLDER\n"
+           "Drives the console against a software printer, prints each exchange and writes\n"
+           "pictures of the windows to FOLDER: with --all-sizes also at their smallest and at\n"
+           "1920 by 1080, with --dark in a dark palette. QT_SCALE_FACTOR=2 doubles them.\n";
+    return options == QStringList("--help") ? EXIT_SUCCESS : EXIT_FAILURE;
   }
   // The off-screen platform says this at every window.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
@@ -38,8 +52,10 @@ int main(int argc, char** argv) {
   TellingDialogs dialogs;
   vantrel::console::GuardedApplication application(argc, argv, dialogs,
                                                    [](int status) { std::_Exit(status); });
+  vantrel::dialogs::IdentifyApplication("vantrel-tour");
+  if (dark) QApplication::setPalette(DarkPalette());
   try {
-    vantrel::tour::Tour(QString::fromLocal8Bit(argv[1]), application).Run();
+    vantrel::tour::Tour(options.last(), all_sizes, application).Run();
     return EXIT_SUCCESS;
   } catch (const std::exception& error) {
     std::cerr << "vantrel-tour: " << error.what() << "\n";
