@@ -9,7 +9,9 @@ namespace vantrel::editors {
 
 QBoxLayout* MakeMatrixLayout(QWidget* frame, const QString& origin, DotGrid* grid) {
   auto* layout = new QVBoxLayout(frame);
-  layout->addWidget(dialogs::MakeLabel("LblOrigin", origin));
+  auto* dots = new QVBoxLayout;
+  dots->addWidget(dialogs::MakeLabel("LblOrigin", origin));
+  dots->addWidget(grid, 1);
   auto* preview = new DotPreview(grid->Editor());
   QObject::connect(grid, &DotGrid::Refreshed, preview, &DotPreview::Refresh);
   auto* beside = new QVBoxLayout;
@@ -17,8 +19,9 @@ QBoxLayout* MakeMatrixLayout(QWidget* frame, const QString& origin, DotGrid* gri
   beside->addWidget(preview);
   beside->addStretch();
   auto* pictures = new QHBoxLayout;
-  pictures->addWidget(grid, 1);
+  // On the side where the grid begins, so that it stays beside the dots.
   pictures->addLayout(beside);
+  pictures->addLayout(dots, 1);
   layout->addLayout(pictures, 1);
   auto* row = new QHBoxLayout;
   row->addWidget(dialogs::MakeLabel("LblDescriptipn", "Click -> Select DbClick -> DeSelect"));
