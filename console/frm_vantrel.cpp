@@ -264,7 +264,12 @@ void FrmVantrel::Fit() {
                                style()->pixelMetric(QStyle::PM_ScrollBarExtent),
                            exchange_->parentWidget()->minimumSizeHint().width()) +
                   margins.left() + margins.right());
-  setMinimumHeight(std::min(NeededHeight(), AvailableSize().height()));
+  const int height = std::min(NeededHeight(), AvailableSize().height());
+  const int buttons = buttons_->heightForWidth(width() - margins.left() - margins.right());
+  // Or the boxes above, which can do with less, would grow at the buttons' cost.
+  buttons_area_->setMinimumHeight(
+      std::max(0, std::min(buttons, height - (NeededHeight() - buttons))));
+  setMinimumHeight(height);
 }
 
 void FrmVantrel::resizeEvent(QResizeEvent* event) {

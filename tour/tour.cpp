@@ -4,10 +4,8 @@
 
 #include <QCoreApplication>
 #include <QImage>
-#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStringList>
 #include <QTabWidget>
@@ -222,9 +220,7 @@ std::string Tour::Text(const char* name) const {
 void Tour::Photograph(QWidget& window, const QString& name) {
   QCoreApplication::processEvents();
   Save(window, name);
-  if (!all_sizes_ || qobject_cast<QMessageBox*>(&window) != nullptr ||
-      qobject_cast<QInputDialog*>(&window) != nullptr)
-    return;
+  if (!all_sizes_ || window.inherits("QMessageBox") || window.inherits("QInputDialog")) return;
   const QSize usual = window.size();
   const auto save_at = [&](const QSize& size, const char* label) {
     window.resize(size);

@@ -131,6 +131,15 @@ TEST_F(ConsoleFitTest, AllIsInSightOnASmallScreen) {
   EXPECT_TRUE(form_->rect().contains(form_->statusBar()->geometry()));
 }
 
+TEST_F(ConsoleFitTest, NothingScrollsWhereThereIsRoom) {
+  LoadWith(9);
+  for (const int width : {792, 1024}) {
+    Resize({width, 760});
+    ASSERT_EQ(form_->height(), 760) << width;
+    EXPECT_EQ(ButtonsScrollBar().maximum(), 0) << width;
+  }
+}
+
 TEST_F(ConsoleFitTest, TheLeastHeightFollowsFromTheCaptions) {
   LoadWith(9);
   Resize({1400, 760});
