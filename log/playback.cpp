@@ -129,10 +129,18 @@ void Playback::AnswerAsThen(const Step& step, protocol::Moment now) {
     ++played_;
     return;
   }
+  if (settings_.instant) {
+    // All at one time, so one write: a console that reads the 06h alone may not expect the reply
+    // yet.
+    Pending all{{}, true};
+    for (const Answer& answer : step.answers)
+      all.bytes.insert(all.bytes.end(), answer.bytes.begin(), answer.bytes.end());
+    pending_.insert({now, std::move(all)});
+    return;
+  }
   protocol::Moment due = now;
   for (const Answer& answer : step.answers) {
-    const auto gap = std::chrono::round<protocol::Moment>(answer.gap);
-    if (!settings_.instant) due = std::max(due, frame_began_ + gap);
+    due = std::max(due, frame_began_ + std::chrono::round<protocol::Moment>(answer.gap));
     pending_.insert({due, {answer.bytes, &answer == &step.answers.back()}});
   }
 }

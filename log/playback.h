@@ -18,7 +18,7 @@ namespace vantrel::log {
 
 // How a capture is played back.
 struct PlaybackSettings {
-  bool instant = false;     // answers without the gaps that they had
+  bool instant = false;     // answers without the gaps that they had, in one chunk
   bool match_code = false;  // a frame is the expected one whatever its data
 };
 
