@@ -43,7 +43,8 @@ LogFile::LogFile(std::string path, std::optional<std::int64_t> limit, QObject* p
   if (ftruncate(file_.Get(), 0) != 0) Refuse(path_, std::strerror(errno));
   soon_.setSingleShot(true);
   soon_.setInterval(kSoon);
-  connect(&soon_, &QTimer::timeout, this, [this] { WriteUntil(recorder_->Log().Settled()); });
+  connect(&soon_, &QTimer::timeout, this,
+          [this]() noexcept { WriteUntil(recorder_->Log().Settled()); });
 }
 
 void LogFile::Begin(log::LineRecorder& recorder) {

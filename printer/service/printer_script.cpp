@@ -57,10 +57,10 @@ PrinterScript::PrinterScript(log::PlaybackServer& server, log::LineRecorder& rec
 PrinterScript::PrinterScript(ScriptContext context, Line line, QObject* parent)
     : QObject(parent), context_(std::move(context)), line_(std::move(line)) {
   wait_limit_.setSingleShot(true);
-  connect(&wait_limit_, &QTimer::timeout, this, [this] { EndWait(WaitHasRunOut()); });
+  connect(&wait_limit_, &QTimer::timeout, this, [this]() noexcept { EndWait(WaitHasRunOut()); });
   connect(&context_.recorder, &log::LineRecorder::Recorded, this, &PrinterScript::LookSoon);
   finish_.setInterval(kFinishStep);
-  connect(&finish_, &QTimer::timeout, this, &PrinterScript::LookForFinish);
+  connect(&finish_, &QTimer::timeout, this, [this]() noexcept { LookForFinish(); });
 }
 
 void PrinterScript::Feed(std::string_view text) {
@@ -114,7 +114,8 @@ void PrinterScript::LookSoon() {
   // Later, because the printer tells of bytes before it has taken them.
   if (look_is_due_ || (!context_.wait && !context_.events)) return;
   look_is_due_ = true;
-  QMetaObject::invokeMethod(this, &PrinterScript::Look, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this]() noexcept { Look(); }, Qt::QueuedConnection);
 }
 
 void PrinterScript::Look() {

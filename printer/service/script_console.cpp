@@ -28,7 +28,7 @@ ScriptConsole::ScriptConsole(PrinterScript& script, int input, log::LineOutput& 
     output_.Write({event.constData(), static_cast<std::size_t>(event.size())});
   });
   connect(&output_, &log::LineOutput::Emptied, this, [this] { input_.setEnabled(!ended_); });
-  connect(&input_, &QSocketNotifier::activated, this, &ScriptConsole::Read);
+  connect(&input_, &QSocketNotifier::activated, this, [this]() noexcept { Read(); });
 }
 
 void ScriptConsole::Read() {
