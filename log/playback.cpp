@@ -130,8 +130,7 @@ void Playback::AnswerAsThen(const Step& step, protocol::Moment now) {
     return;
   }
   if (settings_.instant) {
-    // All at one time, so one write: a console that reads the 06h alone may not expect the reply
-    // yet.
+    // All at one time, so one write.
     Pending all{{}, true};
     for (const Answer& answer : step.answers)
       all.bytes.insert(all.bytes.end(), answer.bytes.begin(), answer.bytes.end());
