@@ -275,6 +275,9 @@ void FrmVantrel::Fit() {
 void FrmVantrel::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   if (event->size().width() != event->oldSize().width()) Fit();
+  // A scroll bar that is there takes width, and so gives itself a reason to stay.
+  buttons_area_->setVerticalScrollBarPolicy(NeededHeight() <= height() ? Qt::ScrollBarAlwaysOff
+                                                                       : Qt::ScrollBarAsNeeded);
 }
 
 void FrmVantrel::changeEvent(QEvent* event) {
