@@ -203,8 +203,7 @@ TEST_F(FrmViewTest, OpensADroppedFile) {
 }
 
 TEST_F(FrmViewTest, OpensADroppedFileWhileItAligns) {
-  std::vector<LogEntry> rows;
-  for (int i = 0; i < 20000; ++i) rows.push_back(Row(0ms, Direction::kFromConsole, k21));
+  std::vector<LogEntry> rows(20000, Row(0ms, Direction::kFromConsole, k21));
   Write("a.pcapng", rows);
   for (LogEntry& row : rows) row.bytes = k22;
   Write("b.pcapng", rows);
@@ -242,8 +241,7 @@ class ShowCount : public QObject {
 
 TEST_F(FrmViewTest, ShowsHowFarItIsWhereReadingTakesLong) {
   // More than one portion.
-  std::vector<LogEntry> rows;
-  for (int i = 0; i < 50000; ++i) rows.push_back(Row(0ms, Direction::kFromConsole, k21));
+  const std::vector<LogEntry> rows(50000, Row(0ms, Direction::kFromConsole, k21));
   Write("a.pcapng", rows);
   for (const auto patience : {0ms, std::chrono::milliseconds(1h)}) {
     Show({"a.pcapng"}, patience);
@@ -256,8 +254,7 @@ TEST_F(FrmViewTest, ShowsHowFarItIsWhereReadingTakesLong) {
 }
 
 TEST_F(FrmViewTest, ShowsRowsWhileTheRestIsRead) {
-  std::vector<LogEntry> rows;
-  for (int i = 0; i < 50000; ++i) rows.push_back(Row(0ms, Direction::kFromConsole, k21));
+  const std::vector<LogEntry> rows(50000, Row(0ms, Direction::kFromConsole, k21));
   Write("a.pcapng", rows);
   Show({"a.pcapng"});
   std::vector<int> counts;
@@ -268,13 +265,9 @@ TEST_F(FrmViewTest, ShowsRowsWhileTheRestIsRead) {
 }
 
 TEST_F(FrmViewTest, SaysWhereItGoesOnExchangeByExchange) {
-  std::vector<LogEntry> left;
-  std::vector<LogEntry> right;
-  // No two commands that follow each other are the same in both.
-  for (int i = 0; i < 4000; ++i) {
-    left.push_back(Row(0ms, Direction::kFromConsole, k21));
-    right.push_back(Row(0ms, Direction::kFromConsole, k22));
-  }
+  // No two commands are the same in both.
+  const std::vector<LogEntry> left(4000, Row(0ms, Direction::kFromConsole, k21));
+  const std::vector<LogEntry> right(4000, Row(0ms, Direction::kFromConsole, k22));
   Write("a.pcapng", left);
   Write("b.pcapng", right);
   Show({"a.pcapng", "b.pcapng"});
