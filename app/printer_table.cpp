@@ -25,6 +25,7 @@ constexpr const char* kStatusString =
 
 std::vector<commandline::InputLine> LinesOfScript() {
   std::vector<commandline::InputLine> lines;
+  lines.reserve(printer::ScriptLines().size());
   for (const printer::ScriptLine& line : printer::ScriptLines())
     lines.push_back({.usage = std::string(line.usage), .help = std::string(line.help)});
   return lines;

@@ -26,8 +26,6 @@
 #include <thread>
 #include <vector>
 
-extern char** environ;
-
 namespace vantrel::bench {
 namespace {
 
@@ -57,6 +55,7 @@ class Printer {
     const UniqueDescriptor its_output(output[1]);
     options.insert(options.begin(), {VANTREL_PRINTER_PROGRAM, "--headless", "--instant"});
     std::vector<char*> arguments;
+    arguments.reserve(options.size() + 1);
     for (std::string& option : options) arguments.push_back(option.data());
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t actions;
@@ -215,6 +214,7 @@ void MeasureSideBySide() {
               alone[kPrinters / 2], alone.back());
   std::array<double, kPrinters> times{};
   std::vector<std::thread> threads;
+  threads.reserve(kPrinters);
   const auto start = SteadyClock::now();
   for (double& time : times) threads.emplace_back([&time] { time = UseOne(); });
   for (std::thread& thread : threads) thread.join();

@@ -151,6 +151,7 @@ std::string TracksInWords(const TrackTexts& tracks) {
 
 std::vector<std::optional<std::string>> TracksInJson(const TrackTexts& tracks) {
   std::vector<std::optional<std::string>> texts;
+  texts.reserve(tracks.size());
   for (const auto& track : tracks)
     texts.push_back(track ? std::optional(Escaped(*track)) : std::nullopt);
   return texts;
