@@ -30,7 +30,7 @@ class NetworkTools : public PrinterProgram {
   }
 
   std::string Begin(const QStringList& options) {
-    const std::string line =
+    std::string line =
         Serve(QStringList{"--script", "--instant", "--card", "--series", "ql7"} + options);
     // The one command that needs a hand is the last.
     program_.write(

@@ -8,7 +8,6 @@ namespace vantrel::printer {
 namespace {
 
 using testing::HasSubstr;
-using testing::StartsWith;
 
 class ScriptCards : public ScriptFixture {};
 

@@ -23,7 +23,8 @@ namespace vantrel::printer {
 // A printer whose work takes no time, a console on its device, and a script.
 class ScriptFixture : public testing::Test {
  protected:
-  explicit ScriptFixture(ScriptStyle style = {}) : script_(model_, server_, recorder_, style) {
+  explicit ScriptFixture(const ScriptStyle& style = {})
+      : script_(model_, server_, recorder_, style) {
     model_.SetInstantWork(true);
     RecordLineOf(server_, recorder_);
     QObject::connect(&script_, &PrinterScript::Answered, [this](const QByteArray& answer) {

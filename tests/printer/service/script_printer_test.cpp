@@ -11,7 +11,6 @@ namespace {
 using testing::StartsWith;
 
 constexpr const char* kTransports = "02 95 03 96";
-constexpr const char* kNoTransports = "06 02 95 20 30 03 86";
 
 class ScriptPrinter : public ScriptFixture {};
 
