@@ -82,7 +82,9 @@ TEST_F(ConsolePlacementTest, AFormOpensOverTheConsole) {
         return frame != form.geometry() && console.contains(frame.center()) &&
                form.screen()->availableGeometry().contains(frame);
       };
-      EXPECT_TRUE(QTest::qWaitFor(is_over)) << name;
+      EXPECT_TRUE(QTest::qWaitFor(is_over, 15000))
+          << name << " lies at " << form.frameGeometry().left() << ", "
+          << form.frameGeometry().top();
       form.close();
     });
     Press(name);
