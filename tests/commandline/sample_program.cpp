@@ -76,7 +76,7 @@ std::string OutputOf(const std::string& command) {
 }
 
 std::string TemporaryFile(const std::string& name, const std::string& text) {
-  const std::string path = testing::TempDir() + std::to_string(getpid()) + "-" + name;
+  std::string path = testing::TempDir() + std::to_string(getpid()) + "-" + name;
   std::ofstream(path) << text;
   return path;
 }

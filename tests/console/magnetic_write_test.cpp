@@ -5,7 +5,6 @@
 namespace vantrel::console {
 namespace {
 
-using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;

@@ -53,7 +53,7 @@ TEST_F(SerialPortTest, ChoosingASpeedWhileOpenChangesItWithoutClosing) {
 
 TEST_F(SerialPortTest, OpensThroughALinkAtTheDeviceItPointsTo) {
   const QTemporaryDir directory;
-  const std::string link = directory.filePath("printer").toStdString();
+  std::string link = directory.filePath("printer").toStdString();
   std::filesystem::create_symlink(terminal.Device(), link);
   SerialPort linked([&link](int) { return link; });
   linked.Open();
@@ -171,7 +171,7 @@ TEST_F(SerialPortTest, MissingDeviceSaysThatThereIsNone) {
 
 TEST_F(SerialPortTest, LinkToAMissingDeviceIsNamedItself) {
   const QTemporaryDir directory;
-  const std::string link = directory.filePath("printer").toStdString();
+  std::string link = directory.filePath("printer").toStdString();
   std::filesystem::create_symlink(missing, link);
   SerialPort linked([&link](int) { return link; });
   EXPECT_THAT(OpenFailureOf(linked), AllOf(StartsWith("COM 1 (" + link + ") cannot be opened: "),

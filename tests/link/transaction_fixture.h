@@ -31,11 +31,11 @@ class TransactionTest : public testing::Test {
  protected:
   TransactionTest() { port.Open(); }
 
-  void ReceiveAt(int time, std::string hex) {
+  void ReceiveAt(int time, const std::string& hex) {
     clock.At(time, [this, hex] { port.Receive(hex); });
   }
   // Somebody presses the button of 54h or 5Fh while another command waits.
-  void SendAt(int time, std::string frame, int time_limit = 5000) {
+  void SendAt(int time, const std::string& frame, int time_limit = 5000) {
     clock.At(time, [this, frame, time_limit] { transaction.SendCommand(frame, time_limit); });
   }
   // Sends 21h with the time limit that card waits have.

@@ -13,7 +13,6 @@ namespace vantrel::log {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 const CaptureBytes kMake;
 

@@ -110,9 +110,9 @@ TEST_F(BarcodeForm, TheKeysOfEveryCodeSet) {
 TEST_F(BarcodeForm, TheKeysOfTheOtherTypes) {
   const std::vector<std::string> digits = {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"};
   std::vector<std::string> code_39 = digits;
-  for (const char* sign : {"-", ".", "SPC", "$", "/", "+", "%"}) code_39.push_back(sign);
+  for (const char* sign : {"-", ".", "SPC", "$", "/", "+", "%"}) code_39.emplace_back(sign);
   std::vector<std::string> codabar = digits;
-  for (const char* sign : {"-", ".", ":", "$", "/", "+"}) codabar.push_back(sign);
+  for (const char* sign : {"-", ".", ":", "$", "/", "+"}) codabar.emplace_back(sign);
   for (const int first : {2, 3}) {
     ClickType(first);
     EXPECT_EQ(Keys(), code_39);
