@@ -360,9 +360,10 @@ void FrmVantrel::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (!load_failure_) return;
   // Reported on the next turn, when the window is up.
-  QMetaObject::invokeMethod(
-      this, Guarded([failure = *std::exchange(load_failure_, {})] { throw failure; }),
-      Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, Guarded([failure = *std::exchange(load_failure_, {})] {
+                              throw link::PortError(failure);
+                            }),
+                            Qt::QueuedConnection);
 }
 
 void FrmVantrel::closeEvent(QCloseEvent* event) {

@@ -230,10 +230,11 @@ void DotGrid::Refresh() {
     if (target.kind == Kind::kDot) TellScreenReader(target);
   }
   if (RectOf(cursor_).isEmpty()) cursor_ = Target{};
-  if (resized)
+  if (resized) {
     update();
-  else if (!changed.isEmpty())
+  } else if (!changed.isEmpty()) {
     update(changed);
+  }
   emit Refreshed();
 }
 

@@ -38,7 +38,7 @@ class Input {
   link::Bytes Some() {
     const std::size_t wanted = Byte();
     const std::size_t count = std::min(wanted, rest_.size());
-    const link::Bytes bytes(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(count));
+    link::Bytes bytes(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(count));
     rest_ = rest_.subspan(count);
     return bytes;
   }

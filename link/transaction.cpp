@@ -5,6 +5,7 @@
 #include "link/status_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vantrel::link {
 namespace {
@@ -147,9 +148,7 @@ void Transaction::Delay(int milliseconds, int depth) {
 void Transaction::ThrowIfAbandoned(int depth) {
   if (depth > abandoned_depth_) return;
   if (!loss_) throw ExchangeEnded();
-  const PortError loss = *loss_;
-  loss_.reset();
-  throw loss;
+  throw PortError(*std::exchange(loss_, std::nullopt));
 }
 
 void Transaction::Abandon() {

@@ -52,7 +52,10 @@ std::uint64_t CaptureFile::Size() const {
 }
 
 std::vector<std::string> CaptureFile::Sentences(std::vector<std::string> parts) const {
-  for (std::string& part : parts) part = path_ + ' ' + part + '.';
+  for (std::string& part : parts) {
+    part.insert(0, path_ + ' ');
+    part += '.';
+  }
   return parts;
 }
 

@@ -92,7 +92,7 @@ int Place(const std::string& path) {
 DeviceLock::DeviceLock(const std::string& device, int descriptor, const std::string& folder) {
   if (flock(descriptor, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) FailBusy();
   for (const std::string& name : NamesOf(device)) {
-    const std::string path = folder + "/LCK.." + name;
+    const std::string path = std::string(folder).append("/LCK..").append(name);
     int error = Place(path);
     if (error == EEXIST && RemoveDead(path)) error = Place(path);
     if (error == EEXIST) {

@@ -102,7 +102,8 @@ TEST_F(OneCommand, EndsWith3WhenTheTimeIsUp) {
     EXPECT_EQ(Member("outcome"), "time-up") << fault;
     EXPECT_EQ(Member("meaning"), "Time up!") << fault;
     EXPECT_TRUE(object_["status"].isNull()) << fault;
-    EXPECT_GE(object_["milliseconds"].toDouble(), 199.0) << fault;
+    // The limit begins before the first byte goes out, on a busy machine some time before.
+    EXPECT_GE(object_["milliseconds"].toDouble(), 150.0) << fault;
   }
 }
 
