@@ -78,6 +78,7 @@ void FromStartToFirstByte(benchmark::State& state) {
   std::vector<std::string> words = {
       VANTREL_SEND_PROGRAM, "--port", peer.Device(), "--expect", "20", "--quiet", "58"};
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;
