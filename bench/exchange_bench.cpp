@@ -2,6 +2,7 @@
 // idling cost? The peer answers at once from a thread of its own, so an exchange takes the 10 ms of
 // one polling pass and what the console adds.
 
+#include "bench/peer.h"
 #include "console/frm_vantrel.h"
 #include "console/guarded_application.h"
 #include "console/system_time.h"
@@ -12,18 +13,9 @@
 #include <QPushButton>
 #include <QTimer>
 
-#include <fcntl.h>
-#include <poll.h>
-#include <pty.h>
-#include <termios.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <atomic>
 #include <chrono>
 #include <cstdio>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -31,44 +23,7 @@ namespace {
 using Milliseconds = std::chrono::duration<double, std::milli>;
 using SteadyClock = std::chrono::steady_clock;
 
-// Answers 58h at once and nothing else.
-class Peer {
- public:
-  Peer() {
-    termios settings = {};
-    cfmakeraw(&settings);
-    char name[256] = {};
-    if (openpty(&master_, &slave_, name, &settings, nullptr) != 0) std::abort();
-    device_ = name;
-    thread_ = std::thread([this] { Serve(); });
-  }
-  ~Peer() {
-    stop_ = true;
-    thread_.join();
-    close(slave_);
-    close(master_);
-  }
-  const std::string& Device() const { return device_; }
-
- private:
-  void Serve() {
-    static constexpr std::array<unsigned char, 6> kReply = {0x06, 0x02, 0x58, 0x20, 0x03, 0x7B};
-    while (!stop_) {
-      pollfd descriptor = {master_, POLLIN, 0};
-      if (poll(&descriptor, 1, 200) <= 0) continue;
-      std::array<unsigned char, 64> bytes{};
-      const ssize_t count = read(master_, bytes.data(), bytes.size());
-      if (count > 1 && bytes[1] == 0x58 && write(master_, kReply.data(), kReply.size()) != 6)
-        std::abort();
-    }
-  }
-
-  int master_ = -1;
-  int slave_ = -1;
-  std::string device_;
-  std::atomic<bool> stop_{false};
-  std::thread thread_;
-};
+using vantrel::bench::Peer;
 
 // The share of one core, in per cent, that the process uses over `seconds` of event loop.
 double LoadOver(int seconds) {
