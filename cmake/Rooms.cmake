@@ -72,25 +72,28 @@ function(vantrel_program name)
   target_link_libraries(${name} PRIVATE vantrel_options ${ARG_USES})
 endfunction()
 
-# vantrel_pages(<program> TABLE <target> PAGE <file>): makes and installs the program's manual page and its completion
-# for bash. <target> defines commandline::ThisProgram; <file> is the page's own text.
+# vantrel_pages(<program> TABLE <target> PAGE <file>): makes and installs the program's manual page and its completions
+# for bash and zsh. <target> defines commandline::ThisProgram; <file> is the page's own text.
 function(vantrel_pages program)
   cmake_parse_arguments(ARG "" "TABLE;PAGE" "" ${ARGN})
   set(maker make-${program}-pages)
   add_executable(${maker} ${PROJECT_SOURCE_DIR}/commandline/make_pages_main.cpp)
   target_link_libraries(${maker} PRIVATE ${ARG_TABLE} commandline)
   set(manual ${PROJECT_BINARY_DIR}/pages/${program}.1)
-  set(completion ${PROJECT_BINARY_DIR}/pages/${program}.bash)
+  set(bash ${PROJECT_BINARY_DIR}/pages/${program}.bash)
+  set(zsh ${PROJECT_BINARY_DIR}/pages/_${program})
   get_filename_component(page ${ARG_PAGE} ABSOLUTE)
   file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/pages)
   add_custom_command(
-    OUTPUT ${manual} ${completion}
-    COMMAND ${maker} ${page} ${manual} ${completion}
+    OUTPUT ${manual} ${bash} ${zsh}
+    COMMAND ${maker} ${page} ${manual} ${bash} ${zsh}
     DEPENDS ${maker} ${page}
     VERBATIM)
-  add_custom_target(${program}-pages ALL DEPENDS ${manual} ${completion})
+  add_custom_target(${program}-pages ALL DEPENDS ${manual} ${bash} ${zsh})
   install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-  install(FILES ${completion} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${program})
+  install(FILES ${bash} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${program})
+  # Where Debian's zsh looks for what packages bring.
+  install(FILES ${zsh} DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
 endfunction()
 
 # vantrel_test(<name> SOURCES <file>... USES <target>...): plain GoogleTest cases, one CTest test a case.

@@ -3,6 +3,7 @@
 #include "commandline/parse.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace vantrel::commandline {
 namespace {
@@ -112,6 +113,112 @@ std::string FunctionName(const Program& program) {
   return name;
 }
 
+// `text` as a word of zsh between single quotes, without them.
+std::string InQuotes(const std::string& text) {
+  std::string quoted;
+  for (const char character : text)
+    quoted += character == '\'' ? "'\\''" : std::string(1, character);
+  return quoted;
+}
+
+std::string WithBackslashes(const std::string& text, std::string_view special) {
+  std::string result;
+  for (const char character : text) {
+    if (special.find(character) != std::string_view::npos) result += '\\';
+    result += character;
+  }
+  return result;
+}
+
+// The first sentence of a help, without its end.
+std::string FirstSentence(const std::string& help) {
+  std::string sentence = help.substr(0, help.find(". "));
+  if (!sentence.empty() && sentence.back() == '.') sentence.pop_back();
+  return sentence;
+}
+
+// ":DEVICE:_files": what zsh is to call a value and to offer for it.
+std::string ZshValue(const Value& value) {
+  std::string action = " ";
+  if (!value.choices.empty())
+    action = "(" + Joined(value.choices, " ") + ")";
+  else if (value.completion == Completion::kFiles)
+    action = "_files";
+  return ":" + WithBackslashes(value.name, ":\\") + ":" + action;
+}
+
+// The words for _arguments of one option, a line each.
+std::string ZshOption(const Option& option) {
+  const bool has_value = !option.value.name.empty();
+  const std::string name = "--" + option.name + (has_value ? "=" : "");
+  std::string rest = "[" + WithBackslashes(FirstSentence(option.help), "[]\\") + "]";
+  if (has_value) rest += ZshValue(option.value);
+  rest = InQuotes(rest) + "'";
+  const std::string often = option.repeated ? "*" : "";
+  if (option.letter == 0) return "'" + often + name + rest;
+  const std::string letter = std::string("-") + option.letter;
+  const std::string before = option.repeated ? "'*'" : "'(" + letter + " --" + option.name + ")'";
+  return before + "{" + letter + (has_value ? "+" : "") + "," + name + "}'" + rest;
+}
+
+std::string ZshOptions(const std::vector<Option>& options, const std::string& indent) {
+  std::string text;
+  for (const Option& option : options) text += indent + ZshOption(option) + "\n";
+  return text;
+}
+
+std::string ZshParameters(const std::vector<Parameter>& parameters, const std::string& indent) {
+  std::string text;
+  for (std::size_t i = 0; i < parameters.size(); ++i) {
+    const Parameter& parameter = parameters[i];
+    const std::string place = parameter.repeated ? "*" : std::to_string(i + 1);
+    const std::string optional = parameter.optional && !parameter.repeated ? ":" : "";
+    text += indent + "'" + place + optional + InQuotes(ZshValue(parameter.value)) + "'\n";
+  }
+  return text;
+}
+
+// A list of words in parentheses, each on its line.
+std::string ZshList(const std::string& name, const std::string& lines, const std::string& indent) {
+  return indent + name + "=(\n" + lines + indent + ")\n";
+}
+
+std::string UpperCase(std::string text) {
+  for (char& character : text)
+    if (character >= 'a' && character <= 'z') character = static_cast<char>(character - 32);
+  return text;
+}
+
+std::string ZshCommands(const Program& program) {
+  const bool any_case = program.commands_ignore_case;
+  std::string names;
+  std::string cases;
+  for (const Command& command : program.commands) {
+    names += "        '" + InQuotes(WithBackslashes(command.name, ":\\") + ":" + command.summary) +
+             "'\n";
+    cases += "        '" + InQuotes(any_case ? UpperCase(command.name) : command.name) + "')\n" +
+             ZshList("own",
+                     ZshOptions(command.options, "            ") +
+                         ZshParameters(command.parameters, "            "),
+                     "          ") +
+             "          ;;\n";
+  }
+  return "  _arguments -s -S -C $options '1:command:->command' '*::parameter:->parameters' && "
+         "return\n"
+         "  case $state in\n"
+         "    command)\n" +
+         ZshList("commands", names, "      ") + "      _describe command commands" +
+         (any_case ? " -M 'm:{a-z}={A-Z}'" : "") +
+         "\n      ;;\n"
+         "    parameters)\n"
+         "      case " +
+         (any_case ? "${(U)words[1]}" : "$words[1]") + " in\n" + cases +
+         "      esac\n"
+         "      _arguments -s -S $options $own\n"
+         "      ;;\n"
+         "  esac\n";
+}
+
 }  // namespace
 
 std::string BashCompletion(const Program& program) {
@@ -150,6 +257,25 @@ std::string BashCompletion(const Program& program) {
             ParameterReply(program.parameters) + "\n";
   }
   return text + "}\ncomplete -F " + function + " " + program.name + "\n";
+}
+
+std::string ZshCompletion(const Program& program) {
+  const std::string function = FunctionName(program);
+  std::string text = "#compdef " + program.name + "\n# Completion of " + program.name +
+                     " for zsh.\n" + function +
+                     "() {\n"
+                     "  local state line\n"
+                     "  local -a options commands own\n" +
+                     ZshList("options", ZshOptions(ProgramOptions(program), "    "), "  ");
+  if (program.commands.empty()) {
+    text += ZshList("own", ZshParameters(program.parameters, "    "), "  ");
+    text += "  _arguments -s -S $options $own\n";
+  } else {
+    text += ZshCommands(program);
+  }
+  // As a file of fpath it is the function's body at its first use.
+  return text + "}\nif [[ $funcstack[1] == " + function + " ]]; then\n  " + function +
+         " \"$@\"\nelse\n  compdef " + function + " " + program.name + "\nfi\n";
 }
 
 }  // namespace vantrel::commandline

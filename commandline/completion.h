@@ -10,4 +10,8 @@ namespace vantrel::commandline {
 // are files or have choices. It needs nothing but bash.
 std::string BashCompletion(const Program& program);
 
+// The same for zsh, which tells what each option and command does. It is to be installed as
+// _PROGRAM in a folder of fpath; sourced after compinit it works, too.
+std::string ZshCompletion(const Program& program);
+
 }  // namespace vantrel::commandline

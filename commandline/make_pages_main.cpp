@@ -1,5 +1,5 @@
-// Writes what a build makes from a program's table: make-PROGRAM-pages PAGE MANUAL COMPLETION reads
-// the roff text PAGE and writes the manual page and the completion for bash.
+// Writes what a build makes from a program's table: make-PROGRAM-pages PAGE MANUAL BASH ZSH reads
+// the roff text PAGE and writes the manual page and the completions for bash and zsh.
 
 #include "commandline/completion.h"
 #include "commandline/manual.h"
@@ -31,13 +31,14 @@ void WriteAll(const char* path, const std::string& text) {
 
 int main(int argc, char** argv) {
   using namespace vantrel::commandline;
-  if (argc != 4) {
-    std::cerr << "Usage: " << argv[0] << " PAGE MANUAL COMPLETION\n";
+  if (argc != 5) {
+    std::cerr << "Usage: " << argv[0] << " PAGE MANUAL BASH ZSH\n";
     return 2;
   }
   try {
     WriteAll(argv[2], ManualPage(ThisProgram(), ReadAll(argv[1])));
     WriteAll(argv[3], BashCompletion(ThisProgram()));
+    WriteAll(argv[4], ZshCompletion(ThisProgram()));
   } catch (const std::exception& error) {
     std::cerr << argv[0] << ": " << error.what() << '\n';
     return 1;

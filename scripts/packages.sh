@@ -5,7 +5,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libfreetyp
 # What a window needs to run and to show text, and the fonts of the printed cards.
 RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback fonts-terminus-otb fonts-unifont)
 TEST_PACKAGES=(libgtest-dev libgmock-dev man-db mandoc openbox python3 python3-pytest python3-serial ser2net socat tshark
-               wireshark-common xauth xvfb zbar-tools)
+               wireshark-common xauth xvfb zbar-tools zsh)
 # For .ci/run: what checks the sources, the packaging files and the programs, what remembers what was compiled, and the
 # benchmarks' and fuzz targets' own.
 CHECK_PACKAGES=(appstream binutils ccache clang-format clang-tidy desktop-file-utils git mandoc)

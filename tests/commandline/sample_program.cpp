@@ -1,9 +1,8 @@
 #include "tests/commandline/sample_program.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/file_folder.h"
 
 #include <stdio.h>
-#include <unistd.h>
 
 #include <fstream>
 
@@ -76,7 +75,8 @@ std::string OutputOf(const std::string& command) {
 }
 
 std::string TemporaryFile(const std::string& name, const std::string& text) {
-  std::string path = testing::TempDir() + std::to_string(getpid()) + "-" + name;
+  static const support::FileFolder kFolder;
+  std::string path = kFolder.Path(name);
   std::ofstream(path) << text;
   return path;
 }

@@ -13,7 +13,7 @@ const Program& Copier();
 
 // Runs a command of the shell and returns what it wrote to standard output and to standard error.
 std::string OutputOf(const std::string& command);
-// Writes a file into the folder for temporary files and returns its path.
+// Writes a file into a folder that is removed at the end of the program, and returns its path.
 std::string TemporaryFile(const std::string& name, const std::string& text);
 
 }  // namespace vantrel::commandline
