@@ -173,7 +173,10 @@ std::string ZshParameters(const std::vector<Parameter>& parameters, const std::s
     const Parameter& parameter = parameters[i];
     const std::string place = parameter.repeated ? "*" : std::to_string(i + 1);
     const std::string optional = parameter.optional && !parameter.repeated ? ":" : "";
-    text += indent + "'" + place + optional + InQuotes(ZshValue(parameter.value)) + "'\n";
+    text += indent;
+    text += "'" + place;
+    text += optional;
+    text += InQuotes(ZshValue(parameter.value)) + "'\n";
   }
   return text;
 }
