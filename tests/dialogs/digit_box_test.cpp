@@ -99,5 +99,47 @@ TEST(DigitBox, ClickIsPressAndRelease) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST(DigitBox, AReleaseOutsideTheBoxIsNoClick) {
+  DigitBox box("TxtX", "1", DigitBox::Deleting::kAllowed);
+  box.show();
+  int clicks = 0;
+  QObject::connect(&box, &DigitBox::Click, &box, [&] { ++clicks; });
+  for (const QPoint& outside : {QPoint(-1, 3), QPoint(3, -1), QPoint(box.width(), 3)}) {
+    QTest::mousePress(&box, Qt::LeftButton);
+    QTest::mouseRelease(&box, Qt::LeftButton, {}, outside);
+  }
+  EXPECT_EQ(clicks, 0);
+  // The last pixel is the box's own.
+  QTest::mousePress(&box, Qt::LeftButton);
+  QTest::mouseRelease(&box, Qt::LeftButton, {}, box.rect().bottomRight());
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST(DigitBox, CopyIsOfferedForASelectionAlone) {
+  DigitBox box("TxtX", "12", DigitBox::Deleting::kDiscarded);
+  box.show();
+  const auto copy_is_offered = [&box] {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {1, 1}, box.mapToGlobal(QPoint(1, 1)));
+    QApplication::sendEvent(&box, &event);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    const bool offered = menu != nullptr && menu->actions().front()->isEnabled();
+    if (menu != nullptr) menu->close();
+    return offered;
+  };
+  box.deselect();
+  EXPECT_FALSE(copy_is_offered());
+  box.selectAll();
+  EXPECT_TRUE(copy_is_offered());
+}
+
+TEST(DigitBox, DigitsPastedBetweenLeaveTheCursorBehindThem) {
+  DigitBox box("TxtX", "1289", DigitBox::Deleting::kAllowed);
+  box.setCursorPosition(2);
+  QApplication::clipboard()->setText("a3b4");
+  box.paste();
+  EXPECT_EQ(box.text(), "123489");
+  EXPECT_EQ(box.cursorPosition(), 4);
+}
+
 }  // namespace
 }  // namespace vantrel::dialogs

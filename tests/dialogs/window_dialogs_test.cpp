@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -132,6 +133,40 @@ TEST(InputBox, CancelledReturnsAnEmptyText) {
   WindowDialogs dialogs;
   OnBox([](QDialog* box) { PressButton(box, "Cancel"); });
   EXPECT_EQ(dialogs.InputBox("?", "Title", "2"), "");
+}
+
+TEST(MsgBox, EnterAnswersYesOrOkAndEscapeNoOrCancel) {
+  WindowDialogs dialogs;
+  const auto press = [](Qt::Key key) { return [key](QDialog* box) { QTest::keyClick(box, key); }; };
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    OnBox(press(key));
+    EXPECT_EQ(dialogs.MsgBox("?", Buttons::kYesNo, ""), Answer::kYes);
+    OnBox(press(key));
+    EXPECT_EQ(dialogs.MsgBox("?", Buttons::kYesNoCancel, ""), Answer::kYes);
+    OnBox(press(key));
+    EXPECT_EQ(dialogs.MsgBox("?", Buttons::kOk, ""), Answer::kOk);
+  }
+  OnBox(press(Qt::Key_Escape));
+  EXPECT_EQ(dialogs.MsgBox("?", Buttons::kYesNo, ""), Answer::kNo);
+  OnBox(press(Qt::Key_Escape));
+  EXPECT_EQ(dialogs.MsgBox("?", Buttons::kYesNoCancel, ""), Answer::kCancel);
+}
+
+TEST(MsgBox, HasTheIconThatIsAskedFor) {
+  WindowDialogs dialogs;
+  struct Case {
+    Icon icon;
+    QMessageBox::Icon shown;
+  };
+  for (const Case& row : {Case{Icon::kNone, QMessageBox::NoIcon},
+                          {Icon::kExclamation, QMessageBox::Warning},
+                          {Icon::kCritical, QMessageBox::Critical}}) {
+    OnBox([&row](QDialog* box) {
+      EXPECT_EQ(qobject_cast<QMessageBox*>(box)->icon(), row.shown);
+      box->close();
+    });
+    dialogs.MsgBox("?", Buttons::kOk, "", row.icon);
+  }
 }
 
 }  // namespace
