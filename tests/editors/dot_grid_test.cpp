@@ -292,6 +292,39 @@ TEST_F(DotGridTest, DividersStandEveryEightDots) {
   EXPECT_EQ(ColorAt(grid_.DotRect(8 * 40).topLeft() + middle), divider);
 }
 
+TEST_F(DotGridTest, ADividerEndsWhatIsShown) {
+  Size("470", "37");  // 10 lines of 24 dots
+  const int pitch = grid_.DotRect(1).top() - grid_.DotRect(0).top();
+  const QPoint middle(0, pitch / 2);
+  const QColor divider = ColorAt(grid_.DotRect(8 * 40).topLeft() + middle);
+  const QColor line = ColorAt(grid_.DotRect(9 * 40).topLeft() + middle);
+  EXPECT_NE(divider, line);
+  EXPECT_EQ(ColorAt(grid_.DotRect(9 * 40).topRight() + middle), divider);
+  EXPECT_EQ(ColorAt(grid_.DotRect(23).bottomLeft() + QPoint(pitch / 2, 0)), divider);
+  // And no thin line crosses it.
+  EXPECT_EQ(ColorAt(grid_.DotRect(8 * 40 + 3).topLeft()), divider);
+  EXPECT_EQ(ColorAt(grid_.DotRect(8 * 40 + 4).topLeft()), divider);
+}
+
+TEST_F(DotGridTest, DotsDoNotGrowBeyond48Pixels) {
+  grid_.resize(4000, 4000);
+  EXPECT_EQ(grid_.DotRect(1).top() - grid_.DotRect(0).top(), 48);
+}
+
+TEST_F(DotGridTest, TheCursorsFrameHasTheHighlightsColour) {
+  QPalette palette = grid_.palette();
+  palette.setColor(QPalette::Highlight, QColor(1, 2, 250));
+  grid_.setPalette(palette);
+  Show();
+  grid_.setFocus(Qt::TabFocusReason);
+  QTest::keyClick(&grid_, Qt::Key_Down);
+  const QRect dot = grid_.DotRect(1);
+  for (const QPoint& corner : {dot.topLeft(), dot.topRight(), dot.bottomLeft(), dot.bottomRight()})
+    EXPECT_EQ(ColorAt(corner), QColor(1, 2, 250));
+  EXPECT_EQ(ColorAt(dot.center()), grid_.palette().color(QPalette::Base));
+  EXPECT_NE(ColorAt(grid_.DotRect(3).topLeft()), QColor(1, 2, 250));
+}
+
 TEST_F(DotGridTest, ScreenReadersGetNamesStatesAndActions) {
   QAccessibleInterface* grid = QAccessible::queryAccessibleInterface(&grid_);
   ASSERT_NE(grid, nullptr);
@@ -320,6 +353,50 @@ TEST_F(DotGridTest, ScreenReadersGetNamesStatesAndActions) {
   EXPECT_TRUE(dot->state().invisible);
   dot->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
   EXPECT_FALSE(IsBlack(grid_, 43));
+}
+
+// The line at the right and the bottom edge is the last dot's own.
+TEST_F(DotGridTest, AClickOnTheLastPixelOfTheLastDotIsAClickOnIt) {
+  QTest::mouseClick(&grid_, Qt::LeftButton, {}, grid_.DotRect(1599).bottomRight());
+  EXPECT_TRUE(IsBlack(grid_, 1599));
+  QTest::mouseClick(&grid_, Qt::LeftButton, {}, grid_.DotRect(1599).bottomRight() + QPoint(1, 1));
+  EXPECT_TRUE(IsBlack(grid_, 1599));
+}
+
+TEST_F(DotGridTest, AHeldSpaceTogglesOnce) {
+  Show();
+  grid_.setFocus(Qt::TabFocusReason);
+  QTest::keyPress(&grid_, Qt::Key_Space);
+  for (int i = 0; i < 3; ++i) {
+    QKeyEvent again(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, " ", true);
+    QApplication::sendEvent(&grid_, &again);
+    EXPECT_TRUE(IsBlack(grid_, 0));
+  }
+}
+
+TEST_F(DotGridTest, ScreenReadersHearWhatHasTheFocus) {
+  Size("478", "39");  // 2 lines of 8 dots
+  Show();
+  QAccessibleInterface* grid = QAccessible::queryAccessibleInterface(&grid_);
+  ASSERT_NE(grid, nullptr);
+  const auto focused = [grid] {
+    std::vector<int> numbers;
+    for (int i = 0; i < grid->childCount(); ++i)
+      if (grid->child(i)->state().focused) numbers.push_back(i);
+    return numbers;
+  };
+  grid_.setFocus(Qt::TabFocusReason);
+  EXPECT_EQ(focused(), std::vector<int>{0});
+  QTest::keyClick(&grid_, Qt::Key_Right);
+  EXPECT_EQ(focused(), std::vector<int>{40});
+  EXPECT_EQ(grid->focusChild(), grid->child(40));
+  // On to the selector of row 0.
+  QTest::keyClick(&grid_, Qt::Key_Right);
+  EXPECT_EQ(focused(), std::vector<int>{1600});
+  EXPECT_EQ(grid->child(1600)->role(), QAccessible::Button);
+  grid_.clearFocus();
+  EXPECT_EQ(focused(), std::vector<int>{});
+  EXPECT_EQ(grid->focusChild(), nullptr);
 }
 
 TEST(DotGridScale, ALargerGridKeepsTheProportion) {
