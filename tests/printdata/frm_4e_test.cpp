@@ -172,6 +172,24 @@ TEST_F(BarcodeForm, AllKeysAreReadableOnASmallScreenAndLeaveNoHoles) {
   }
 }
 
+TEST_F(BarcodeForm, AfterSetCTheKeysOfTheOthersAreAsWideAsBefore) {
+  const auto place = [this](int key) {
+    FormDriver::Turn();
+    return user.Find(QString("CmdKey_%1").arg(key))->geometry();
+  };
+  const QRect of_a = place(15);  // the last of the first row
+  ClickType(2);
+  const QRect of_code_39 = place(9);
+  ClickType(0);
+  ClickCodeSet(2);
+  EXPECT_NE(place(15), of_a);
+  ClickCodeSet(0);
+  EXPECT_EQ(place(15), of_a);
+  ClickCodeSet(2);
+  ClickType(2);
+  EXPECT_EQ(place(9), of_code_39);
+}
+
 TEST_F(BarcodeForm, Examples) {
   ClickCodeSet(1);
   ClickKeys({33, 34});

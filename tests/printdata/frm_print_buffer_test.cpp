@@ -90,6 +90,16 @@ TEST_F(PrintBufferForm, Of42hShowsTheImageNumberAlone) {
   EXPECT_EQ(common.DataString, "left by another form");
 }
 
+TEST_F(PrintBufferForm, TheTipOfAnEscButtonTellsWhatItDoes) {
+  const auto shown = Show41h();
+  const auto tip = [&shown](const char* name) {
+    return shown->user.Find(name)->toolTip().toStdString();
+  };
+  EXPECT_EQ(tip("Cmd_EscEe"), "Specifies font size");
+  EXPECT_EQ(tip("CmdEscS"), "Moves the next print character to the right an N character amount");
+  EXPECT_EQ(tip("CmdEscYy"), "Sets the Y coordinate to expand character");
+}
+
 TEST_F(PrintBufferForm, ADirectionShowsItsDiagramAlone) {
   const auto shown = Show41h();
   for (const int index : {1, 0, 3, 2, 2}) {
