@@ -129,6 +129,36 @@ TEST_F(CaptureCommandsTest, WritesNothingOfWhatItCannotReadWhole) {
   EXPECT_EQ(ConvertCapture(csv, Path("b.doc"), errors_), 2);
 }
 
+TEST_F(CaptureCommandsTest, CountsTheLinesInsideQuotesWhereACsvRowIsBad) {
+  const std::string csv =
+      Save("a.csv",
+           "Date,Time,Direction,Hex,Characters,Meaning,UTC,Comment\r\n"
+           "2026-01-02,10:20:30.123,sent,06,.,x,2026-01-02T10:20:30.123456Z,\"two\nlines\"\r\n"
+           "2026-01-02,10:20:30.123,sent,0G,.,x,2026-01-02T10:20:30.123456Z,\r\n");
+  EXPECT_EQ(ConvertCapture(csv, Path("b.txt"), errors_), 1);
+  EXPECT_EQ(errors_.str(), "vantrel-log: " + csv + " has no row of a log in line 4.\n");
+}
+
+TEST_F(CaptureCommandsTest, TakesACsvWithAByteOrderMark) {
+  const std::string csv = Save("a.csv",
+                               "\xEF\xBB\xBF"
+                               "Date,Time,Direction,Hex,Characters,Meaning\r\n"
+                               "2026-01-02,10:20:30.123,sent,06,.,06h acknowledge\r\n");
+  EXPECT_EQ(ConvertCapture(csv, Path("b.txt"), errors_), 0) << errors_.str();
+  EXPECT_EQ(Load(Path("b.txt")), "2026-01-02 10:20:30.123  sent      06  06h acknowledge\n");
+}
+
+TEST_F(CaptureCommandsTest, TakesNoTimeThatThereIsNot) {
+  for (const char* time : {"24:00:00", "10:60:00", "10:20:61", "1a:20:30"}) {
+    const std::string utc = std::string("2026-01-02T") + time + ".000000Z";
+    const std::string csv = Save("a.csv",
+                                 "Date,Time,Direction,Hex,Characters,Meaning,UTC,Comment\r\n"
+                                 "2026-01-02,10:20:30.123,sent,06,.,x," +
+                                     utc + ",\r\n");
+    EXPECT_EQ(ConvertCapture(csv, Path("b.txt"), errors_), 1) << time;
+  }
+}
+
 TEST_F(CaptureCommandsTest, CountsAFileThatIsNotWholeAsWrongToCompare) {
   const std::string whole = Save("a.pcapng", Sample());
   const std::string cut = Save("b.pcapng", Sample().substr(0, Sample().size() - 1));

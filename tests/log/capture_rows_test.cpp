@@ -64,6 +64,13 @@ TEST(CaptureRows, TellsHowLongExchangesAndWaitsTook) {
                                          "+0.003 s", "no answer"));
 }
 
+TEST(CaptureRows, TakesASecondForLong) {
+  EXPECT_THAT(TimesOf(RowsOf({To(0ms, k21), From(1000ms, kReply21)})),
+              ElementsAre("1.000 s slow", "+1.000 s wait"));
+  EXPECT_THAT(TimesOf(RowsOf({To(0ms, k21), From(999ms, kReply21)})),
+              ElementsAre("0.999 s", "+0.999 s"));
+}
+
 TEST(CaptureRows, LengthensAnExchangeAsItsRowsCome) {
   CaptureRows rows = RowsOf({To(0ms, k21)});
   EXPECT_THAT(TimesOf(rows), ElementsAre("no answer"));

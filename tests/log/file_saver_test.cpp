@@ -39,7 +39,7 @@ TEST_F(FileSaverTest, MakesAFileWithTheModeOfTheUsersMask) {
 
 TEST_F(FileSaverTest, KeepsTheModeOfAFile) {
   folder_.Make("kept", "old and longer");
-  for (const mode_t mode : {0600U, 0664U, 0640U}) {
+  for (const mode_t mode : {0600U, 0664U, 0640U, 02640U}) {
     ASSERT_EQ(chmod(folder_.Path("kept").c_str(), mode), 0);
     EXPECT_EQ(ReplaceFile(folder_.Path("kept"), "new"), "");
     EXPECT_EQ(folder_.ModeOf("kept"), mode);

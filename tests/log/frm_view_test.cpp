@@ -6,11 +6,13 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QColor>
 #include <QDropEvent>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPalette>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableView>
@@ -77,6 +79,9 @@ class FrmViewTest : public testing::Test {
   }
   bool IsBold(int row, int column) const {
     return Table()->model()->index(row, column).data(Qt::FontRole).value<QFont>().bold();
+  }
+  QColor Ground(int row) const {
+    return Table()->model()->index(row, 0).data(Qt::BackgroundRole).value<QColor>();
   }
   QString Text(const char* name) const { return form_->findChild<QLabel*>(name)->text(); }
   void Drop(const QString& path, const QPointF& where) const {
@@ -164,6 +169,12 @@ TEST_F(FrmViewTest, SetsTwoCapturesSideBySide) {
   EXPECT_EQ(Cell(2, kRight + kMeaning), "reply 21h: 20h normal status, \"B\"");
   EXPECT_EQ(Cell(3, kDifference), "\u25C0 only left");
   EXPECT_EQ(Cell(3, kRight + kMeaning), "");
+  // Lines that differ have a ground between the table's and a selection's.
+  const QColor base = QGuiApplication::palette().color(QPalette::Base);
+  EXPECT_FALSE(Ground(0).isValid());
+  ASSERT_TRUE(Ground(2).isValid());
+  EXPECT_NE(Ground(2), base);
+  EXPECT_EQ(Ground(3), Ground(2));
 }
 
 TEST_F(FrmViewTest, GoesFromDifferenceToDifference) {

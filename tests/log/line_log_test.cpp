@@ -211,6 +211,42 @@ TEST_F(LineLogTest, GoesOnInANewEntryWhereAnOpenOneWasDropped) {
   EXPECT_EQ(HexOf(log_.At(9)), "41 03 43");
 }
 
+TEST_F(LineLogTest, GoesOnInANewEntryWhereAnOpenOneWasTheLastToBeDropped) {
+  log_ = LineLog({.entries = 8});
+  Console("02 21 03 22");
+  Printer("02 21 20");  // open, and the second
+  for (int i = 0; i < 6; ++i) Console("02 21 03 22");
+  Console("02 51 03 52");
+  EXPECT_EQ(log_.First(), 2U);
+  EXPECT_EQ(log_.Settled(), 9U);
+  Printer("41 03 43");
+  EXPECT_EQ(HexOf(log_.At(9)), "41 03 43");
+}
+
+TEST_F(LineLogTest, SettlesNoRowBehindTheFirstThatIsOpen) {
+  Printer("02 21");
+  Console("02 22");
+  EXPECT_EQ(log_.Settled(), 0U);
+  Printer("20 03 02");
+  EXPECT_EQ(log_.Settled(), 1U);
+  log_.Clear();
+  Console("02 22");
+  Printer("02 21");
+  EXPECT_EQ(log_.Settled(), log_.First());
+}
+
+TEST_F(LineLogTest, TellsSeveralRemarksInOneLine) {
+  Console("02 54 03 57");
+  log_.Remark(0, "one");
+  log_.Remark(0, "two");
+  EXPECT_EQ(MeaningOf(log_.At(0)), "54h card insertion wait cancel (one;two)");
+}
+
+TEST_F(LineLogTest, ShowsADotForWhatIsNoPrintableCharacter) {
+  Console("1F 20 7E 7F 80");
+  EXPECT_EQ(CharactersOf(log_.At(0)), ". ~..");
+}
+
 TEST_F(LineLogTest, TakesOneReadThatIsPastItsBound) {
   log_ = LineLog({.entries = 8});
   Console("02 21");  // goes on among what is dropped

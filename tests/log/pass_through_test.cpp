@@ -14,6 +14,8 @@
 #include <array>
 #include <chrono>
 #include <condition_variable>
+#include <filesystem>
+#include <iterator>
 #include <memory>
 #include <mutex>
 #include <numeric>
@@ -182,6 +184,22 @@ TEST(PassThrough, LeavesTheDeviceAsItWasFound) {
   EXPECT_EQ(settings_of().c_lflag, before.c_lflag);
   const termios after = settings_of();
   EXPECT_EQ(cfgetospeed(&after), speed_t{B38400});
+}
+
+TEST(PassThrough, LeavesNoDescriptorOpen) {
+  const auto open_descriptors = [] {
+    const std::filesystem::directory_iterator all("/proc/self/fd");
+    return std::distance(begin(all), end(all));
+  };
+  const printer::PseudoTerminal printer;
+  // What the library opens once and keeps.
+  { const PassThrough first(printer.DevicePath(), printer::MakePseudoTerminal(), {}); }
+  const auto before = open_descriptors();
+  for (int i = 0; i < 3; ++i) {
+    const PassThrough pass(printer.DevicePath(), printer::MakePseudoTerminal(), {});
+    EXPECT_GT(open_descriptors(), before);
+  }
+  EXPECT_EQ(open_descriptors(), before);
 }
 
 TEST(PassThrough, SaysInWordsWhatCannotBeUsed) {

@@ -232,6 +232,15 @@ TEST_F(Sequences, SmallDSetsTheGapOfOneByteCharacters) {
   EXPECT_EQ(EdgesInRow(99), (Edges{1, 8, 24, 31}));
 }
 
+// Meant: the gap is one of dots, not of the character.
+TEST_F(Sequences, WDoublesTheCharacterAndNotItsGap) {
+  Print(
+      "1,0,99,\x1B"
+      "dF\x1BW2\x1Bi5\x1Bi5");
+  // 16 dots wide, then 15 of the gap.
+  EXPECT_EQ(EdgesInRow(99), (Edges{2, 16, 33, 47}));
+}
+
 TEST_F(Sequences, LargeDSetsTheGapOfTwoByteCharacters) {
   // 16 x 16 dots, all black.
   EXPECT_EQ(bench_.Send(0x44, "1,0," + std::string(64, 'F')), "20");

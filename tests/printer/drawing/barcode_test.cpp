@@ -70,6 +70,11 @@ TEST(Barcode, Code128ChangesItsSetInsideTheData) {
   EXPECT_EQ(TextOf("0,47,1,C,0C640165"), "12!");
 }
 
+TEST(Barcode, Code128TakesAShiftBackWithAShift) {
+  // Set A: "A" 33, Shift 98 twice, 65, which is SOH in set A and "a" in set B, and "A".
+  EXPECT_EQ(TextOf("0,47,1,A,2162624121"), "AA");
+}
+
 TEST(Barcode, Code128LeavesFunctionAndControlCharactersOutOfItsText) {
   // Set A: NUL 64, FNC3 96, "_" 63, FNC1 102; set B: DEL 95, "~" 94.
   EXPECT_EQ(TextOf("0,47,1,A,40603F66"), "_");
@@ -152,6 +157,11 @@ TEST_F(BarcodeCommand, Answers51hWhereTheSubscriptDoesNotFit) {
   EXPECT_EQ(bench_.Send(0x4E, "200,301,3,1"), "20");
   EXPECT_EQ(bench_.Send(0x4E, "200,302,3,1"), "51");
   EXPECT_EQ(bench_.Send(0x4E, "200,319,2,1"), "20");
+}
+
+TEST_F(BarcodeCommand, LeavesNoBarsWhereTheSubscriptDoesNotFit) {
+  EXPECT_EQ(bench_.Send(0x4E, "200,302,3,1"), "51");
+  EXPECT_EQ(support::BlackDots(bench_.Image()), 0);
 }
 
 TEST_F(BarcodeCommand, HasRoomForTheLongestOfEachType) {

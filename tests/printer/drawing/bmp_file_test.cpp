@@ -81,6 +81,30 @@ TEST(BmpFile, TakesItsColoursFromThePalette) {
             (support::Dots{".###.", "#.#.#", "##.##"}));
 }
 
+// Blue, green, red and a zero for each of the two colours.
+TEST(BmpFile, IsBlackWhereThePalettesColourIsTheDarkerHalfOfAll) {
+  struct Case {
+    const char* colour;
+    bool black;
+  };
+  for (const Case& row : {Case{"FF000000", true},
+                          {"00FF0000", true},
+                          {"0000FF00", true},
+                          {"7F7F7F00", true},
+                          {"80808000", false},
+                          {"FFFF0000", false},
+                          {"00FFFF00", false},
+                          {"FF00FF00", false},
+                          {"00808000", true},
+                          {"FF808000", false}}) {
+    BmpFile file;
+    // Dots of the first colour have this one, those of the second are white.
+    EXPECT_TRUE(Append(file, With(54, row.colour + std::string("FFFFFF00"))));
+    EXPECT_EQ(file.Picture()->At(0, 0), row.black) << row.colour;
+    EXPECT_FALSE(file.Picture()->At(1, 0)) << row.colour;
+  }
+}
+
 TEST(BmpFile, IsRefusedWhereItIsNoMonochromeBmp) {
   EXPECT_FALSE(IsBmp(With(0, "43")));
   EXPECT_FALSE(IsBmp(With(1, "4E")));
@@ -152,6 +176,14 @@ TEST_F(BmpCommands, ExpandTheDotsFromTheFirstToTheLast) {
   bench_.Send(0x4B, "F," + kSmallBmp);
   EXPECT_EQ(bench_.Send(0x4A, "1,100,102,F,1,2"), "20");
   EXPECT_EQ(bench_.Part(99, 100, 5, 3), (support::Dots{".....", ".#...", "..#.."}));
+}
+
+TEST_F(BmpCommands, ExpandASingleDotWhereTheFirstIsTheLast) {
+  bench_.Send(0x4B, "F," + kSmallBmp);
+  EXPECT_EQ(bench_.Send(0x4A, "1,100,102,F,1,1"), "20");
+  EXPECT_EQ(bench_.Part(99, 100, 5, 3), (support::Dots{".....", ".#...", "....."}));
+  EXPECT_EQ(bench_.Send(0x4A, "1,100,102,F,4,4"), "20");
+  EXPECT_EQ(bench_.Part(99, 100, 5, 3), (support::Dots{".#...", ".....", "....."}));
 }
 
 TEST_F(BmpCommands, TurnAndAddByTheDirection) {

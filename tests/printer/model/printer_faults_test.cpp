@@ -173,6 +173,16 @@ TEST_F(Faults, ResendAsksForTheFrameAgainSoManyTimes) {
   EXPECT_EQ(Ask(), good_);
 }
 
+TEST_F(Faults, ResendSetAgainMidwayCountsAnew) {
+  Set("resend 2");
+  EXPECT_EQ(Ask(), support::Chunks{"15"});
+  Set("resend 2");
+  EXPECT_EQ(Ask(), support::Chunks{"15"});
+  EXPECT_EQ(Ask(), support::Chunks{"15"});
+  EXPECT_EQ(Ask(), good_);
+  EXPECT_TRUE(bench_.model.Faults().IsEmpty());
+}
+
 TEST_F(Faults, ResendHappensToEachOfSoManyCommands) {
   Set("resend 1 for 2");
   EXPECT_EQ(Ask(), support::Chunks{"15"});
@@ -297,6 +307,15 @@ TEST_F(Faults, JoinKeepsALaterReplyBack) {
   EXPECT_EQ(bench_.Pass(1min), support::Chunks{});
   // The read has counted one transport.
   EXPECT_EQ(Ask(), support::Chunks{"06 02 21 20 41 42 43 03 42 06 02 95 20 31 03 87"});
+}
+
+TEST_F(Faults, JoinForgetsWhatItKeepsBackWhenThePowerGoes) {
+  Set("join");
+  EXPECT_EQ(Ask(), support::Chunks{});
+  bench_.model.SetPower(false, bench_.now);
+  bench_.model.SetPower(true, bench_.now);
+  EXPECT_EQ(bench_.Pass(1min), support::Chunks{});
+  EXPECT_EQ(Ask(), good_);
 }
 
 TEST_F(Faults, VanishTellsTheServer) {
