@@ -48,12 +48,16 @@ TEST(BlackDots, AreNoneWhereThePictureIsTransparent) {
   picture.alpha = {255, 0, 255, 0};
   EXPECT_EQ(Dots(picture, {}), "#...");
   EXPECT_EQ(Dots(picture, {.invert = true}), "..#.");
+  picture.alpha = {128, 127, 128, 127};
+  EXPECT_EQ(Dots(picture, {}), "#...");
 }
 
 TEST(BlackDots, SpreadTheirErrorWhenDithered) {
   // 100 is black, which hands 7/16 of 100 (43) to the next: 143 is white, an error of -112, of
   // which -49 goes on: 51 is black, and 100 + 22 too.
   EXPECT_EQ(Dots(Grey(4, {100, 100, 100, 100}), {.dither = true}), "#.##");
+  // 5/16 of 100 (31) go to the dot below, which is white then.
+  EXPECT_EQ(Dots(Grey(1, {100, 100}), {.dither = true}), "#.");
   // Half black in the mean.
   const std::string dots = Dots(Grey(32, std::vector<std::uint8_t>(1024, 128)), {.dither = true});
   const auto black = std::count(dots.begin(), dots.end(), '#');

@@ -1,10 +1,20 @@
 // What is told of exchanges, without a printer.
 
+#include "commandline/parse.h"
 #include "send/answers.h"
+#include "send/input_file.h"
 #include "send/progress.h"
+#include "send/report.h"
 #include "send/tally.h"
 
 #include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
 
 namespace vantrel::send {
 namespace {
@@ -29,10 +39,11 @@ TEST(Told, ShowsControlCharactersOfTheCodePageToo) {
   exchange.meaning = "20h: Normal Status";
   exchange.sent = "0221";
   exchange.label = "L: ";
-  exchange.data = "\x1F\x81";
-  exchange.text = "\x1F\xC2\x81";
-  EXPECT_EQ(Told(exchange, Format::kText), "sent      02 21\n20h: Normal Status\nL: \\x1F\\x81\n");
-  EXPECT_EQ(Told(exchange, Format::kQuiet), "\x1F\x81\n");
+  exchange.data = "\x1F\x81\x9F\xA0";
+  exchange.text = "\x1F\xC2\x81\xC2\x9F\xC2\xA0";
+  EXPECT_EQ(Told(exchange, Format::kText),
+            "sent      02 21\n20h: Normal Status\nL: \\x1F\\x81\\x9F\u00A0\n");
+  EXPECT_EQ(Told(exchange, Format::kQuiet), "\x1F\x81\x9F\xA0\n");
 }
 
 TEST(Told, ShowsInARefusalWhatIsNoText) {
@@ -68,10 +79,39 @@ TEST(ProgressLine, TellsHowFarItIs) {
   for (int i = 0; i < 50; ++i) tally.Add(Replied(0x20, 1));
   EXPECT_EQ(ProgressLine(tally, 100, 2.0),
             "[##########..........] 50 of 100, 25.0 a second, 0 failures, 0:02 left");
+  // What is left of the last second is a second.
+  EXPECT_TRUE(ProgressLine(tally, 51, 20.0).ends_with(", 0:01 left"));
+  EXPECT_TRUE(ProgressLine(tally, 100, 101.0).ends_with(", 1:41 left"));
   tally.Add(Replied(0x22, 1));
   EXPECT_EQ(ProgressLine(tally, std::nullopt, 2.0), "51, 25.5 a second, 1 failure");
   EXPECT_EQ(ProgressLine(Tally(), 100000, 0),
             "[....................] 0 of 100000, 0.0 a second, 0 failures");
+}
+
+TEST(JUnitReport, HoldsNoCharacterThatXmlHasNot) {
+  const std::string path = testing::TempDir() + "junit-" + std::to_string(getpid()) + ".xml";
+  Exchange refused = Failed(Outcome::kRefused);
+  refused.meaning = "No command '\x01\"<&>'.";
+  const auto report = OpenReport(path, false);
+  report->Add(refused);
+  report->Finish();
+  std::stringstream text;
+  text << std::ifstream(path).rdbuf();
+  std::filesystem::remove(path);
+  EXPECT_NE(text.str().find("message=\"No command '\\x01&quot;&lt;&amp;&gt;'.\""),
+            std::string::npos)
+      << text.str();
+}
+
+TEST(ReadInputFile, RefusesAFileThatGrowsWhileItIsRead) {
+  // The system tells no length of it and then gives bytes.
+  const std::string path = "/proc/self/status";
+  try {
+    ReadInputFile(path, 10);
+    ADD_FAILURE();
+  } catch (const commandline::WrongUse& error) {
+    EXPECT_EQ(error.what(), path + " grows while it is read.");
+  }
 }
 
 }  // namespace
