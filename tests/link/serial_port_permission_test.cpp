@@ -70,11 +70,15 @@ TEST_F(SerialPortTest, MissingPermissionNamesTheGroupThatOwnsTheDevice) {
                               " YOUR-NAME), log in again, then ")));
 }
 
+// A group that may not both read and write would not help either.
 TEST_F(SerialPortTest, MissingPermissionNamesNoGroupThatWouldNotHelp) {
   GiveToAGroup(terminal.Device());
-  ASSERT_EQ(chmod(terminal.Device().c_str(), 0000), 0);
-  EXPECT_THAT(FailureOfAnOrdinaryUser(terminal.Device()),
-              HasSubstr("You may not use this device. Ask your administrator for access, then "));
+  for (const mode_t mode : {0000U, 0040U, 0020U}) {
+    ASSERT_EQ(chmod(terminal.Device().c_str(), mode), 0);
+    EXPECT_THAT(FailureOfAnOrdinaryUser(terminal.Device()),
+                HasSubstr("You may not use this device. Ask your administrator for access, then "))
+        << std::oct << mode;
+  }
 }
 
 }  // namespace

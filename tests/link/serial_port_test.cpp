@@ -30,6 +30,13 @@ TEST_F(SerialPortTest, OpensAt9600Bits8N1) {
   EXPECT_TRUE(terminal.Is8N1());
 }
 
+TEST_F(SerialPortTest, OpensWithoutFlowControlWhateverTheLineHadBefore) {
+  terminal.SetFlowControl();
+  ASSERT_TRUE(terminal.HasFlowControl());
+  port.Open();
+  EXPECT_FALSE(terminal.HasFlowControl());
+}
+
 TEST_F(SerialPortTest, OpensAtTheSpeedChosenWhileItWasClosed) {
   port.SetSettings("38400,N,8,1");
   EXPECT_FALSE(port.IsOpen());

@@ -159,5 +159,18 @@ TEST_F(TransactionTest, CommandRunInTheSecondYieldLeavesItsReplyToTheOuterOne) {
   ExpectReadyAgain();
 }
 
+// The nested call's time is up before the outer frame goes out: it goes out all the same, and the
+// outer call ends with the same tick. It must not wait for a limit that nobody sets any more.
+TEST_F(TransactionTest, NestedTimeUpInTheSecondYieldEndsTheOuterCallAsSoonAsItsFrameIsOut) {
+  clock.InYield(2, [this] { transaction.SendCommand(kFrame54, 5000); });
+  Send21();
+  EXPECT_THAT(port.Writes(), ElementsAre("02540357", "02210322"));
+  EXPECT_EQ(Response(), "Time up! Time up! ");
+  EXPECT_GE(clock.Now(), 5000);
+  EXPECT_LE(clock.Now(), 5010);
+  ExpectReadyAgain();
+  ExpectNextCommandWorks();
+}
+
 }  // namespace
 }  // namespace vantrel::link

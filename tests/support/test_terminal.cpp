@@ -72,6 +72,20 @@ bool TestTerminal::Is8N1() const {
   return (line.c_cflag & (CSIZE | PARENB | CSTOPB)) == CS8;
 }
 
+bool TestTerminal::HasFlowControl() const {
+  termios line = {};
+  tcgetattr(console_, &line);
+  return (line.c_cflag & CRTSCTS) != 0 || (line.c_iflag & (IXON | IXOFF)) != 0;
+}
+
+void TestTerminal::SetFlowControl() {
+  termios line = {};
+  tcgetattr(console_, &line);
+  line.c_cflag |= CRTSCTS;
+  line.c_iflag |= IXON | IXOFF;
+  EXPECT_EQ(tcsetattr(console_, TCSANOW, &line), 0);
+}
+
 void TestTerminal::Vanish() {
   if (printer_ >= 0) close(std::exchange(printer_, -1));
 }

@@ -31,6 +31,9 @@ class TestTerminal {
   unsigned Speed() const;
   // Whether the line is set to 8 data bits, no parity and 1 stop bit.
   bool Is8N1() const;
+  // Whether anything holds back bytes: the line's control wires or the characters XON and XOFF.
+  bool HasFlowControl() const;
+  void SetFlowControl();
   // The device goes away. Its name stays taken until the terminal is destroyed, so that no test
   // that runs beside this one gets a device whose lock a port here still holds: destroy the port
   // first.
