@@ -84,8 +84,9 @@ void StateBar::MakeBuzzer() {
   ChkMute->setObjectName("ChkMute");
   ChkMute->setToolTip(tr("Shows the buzzer and keeps it silent."));
   connect(buzzer_, &IndicatorSign::TurnedOn, this, GuardedSlot(helpers_.guard, [this] {
-            if (!ChkMute->isChecked()) QApplication::beep();
+            if (!ChkMute->isChecked()) emit Beeped();
           }));
+  connect(this, &StateBar::Beeped, &QApplication::beep);
   Add(tr("Buzzer"), LblBuzzer, buzzer_, ChkMute);
 }
 

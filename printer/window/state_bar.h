@@ -29,6 +29,10 @@ class StateBar : public QFrame {
   // change.
   void Refresh();
 
+ signals:
+  // The buzzer is heard, once for each time that it goes on; not while it is muted.
+  void Beeped();
+
  private:
   // A value, bold and selectable, with room for its widest words where they are told.
   QLabel* MakeValue(const char* name, const QString& widest = {});

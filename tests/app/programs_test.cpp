@@ -48,6 +48,10 @@ TEST_P(ProgramsTest, HelpNeedsNoDisplay) {
   EXPECT_EQ(ended.status, 0);
   EXPECT_TRUE(ended.out.starts_with("Usage: " + Name() + " ")) << ended.out;
   EXPECT_EQ(ended.errors, "");
+  const Ended by_letter = Run({"-h"});
+  EXPECT_EQ(by_letter.status, 0);
+  EXPECT_EQ(by_letter.out, ended.out);
+  EXPECT_EQ(Run({"-v"}).out, Run({"--version"}).out);
 }
 
 TEST_P(ProgramsTest, VersionIsOneLine) {

@@ -171,6 +171,13 @@ TEST_F(ConsoleFitTest, ANarrowWindowHasTheHelpBelowTheBoxes) {
   EXPECT_LT(top(hints), top(response));
   Resize({760, 760});
   EXPECT_GT(top(hints), top(response));
+  // Across the whole width.
+  QWidget* area = hints->parentWidget()->parentWidget();
+  const auto right = [this](QWidget* widget) {
+    return widget->mapTo(form_.get(), widget->rect().bottomRight()).x();
+  };
+  EXPECT_EQ(right(area), right(response));
+  EXPECT_EQ(right(area), right(Button("CmdExit")));
 }
 
 TEST_F(ConsoleFitTest, TheHelpHasAFixedPitch) {

@@ -130,6 +130,18 @@ TEST_F(ConsoleKeyboardTest, WhatHasTheFocusHasARingOfTwoPixels) {
   }
 }
 
+TEST_F(ConsoleKeyboardTest, TheBoxThatOnlyKeepsAButtonsFocusShowsNoRing) {
+  LoadActive();
+  auto* response = form_->findChild<QWidget*>("TxtResponse");
+  const QImage without = response->grab().toImage();
+  response->setFocus(Qt::OtherFocusReason);
+  // The text cursor alone.
+  EXPECT_LT(Differing(without, response->grab().toImage()), 60);
+  Button("Cmd96")->setFocus();
+  response->setFocus(Qt::TabFocusReason);
+  EXPECT_GT(Differing(without, response->grab().toImage()), 2 * 2 * (response->width() - 8));
+}
+
 TEST_F(ConsoleKeyboardTest, TheRingStandsOutInLightAndDarkPalettes) {
   QPalette light(QColor(0xEF, 0xEF, 0xEF));
   QPalette dark(QColor(0x35, 0x35, 0x35));

@@ -93,5 +93,41 @@ TEST_F(ConsolePortTest, TheReplyStandsOut) {
   EXPECT_NE(edge(), empty);
 }
 
+TEST_F(ConsolePortTest, TheReplysBarIsThreePixelsWideAndAsHighAsItsBox) {
+  Load();
+  AnswerAll();
+  Press("Cmd58");
+  auto* box = form_->findChild<QAbstractScrollArea*>("TxtResponse");
+  const QImage picture = box->viewport()->grab().toImage();
+  const QColor bar = picture.pixelColor(0, 0);
+  EXPECT_NE(bar, box->palette().color(QPalette::Base));
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < 3; ++x) EXPECT_EQ(picture.pixelColor(x, y), bar) << x << " " << y;
+  EXPECT_NE(picture.pixelColor(3, picture.height() - 1), bar);
+}
+
+TEST_F(ConsolePortTest, ADeviceThatIsTooLongIsShortenedInItsMiddle) {
+  first_device_ = "/dev/" + std::string(200, 'x');
+  dialogs_.Answers(dialogs::Answer::kOk);
+  Load();
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs_.All().empty(); }));
+  auto* label = form_->findChild<QLabel*>("LblPort");
+  ASSERT_LT(label->width(), label->fontMetrics().horizontalAdvance(label->text()));
+  QPalette palette = label->palette();
+  palette.setColor(QPalette::WindowText, Qt::red);
+  label->setPalette(palette);
+  const QImage picture = label->grab().toImage();
+  const auto has_ink = [&picture](int from, int to) {
+    for (int x = from; x < to; ++x)
+      for (int y = 0; y < picture.height(); ++y)
+        if (picture.pixelColor(x, y).red() > picture.pixelColor(x, y).blue() + 60) return true;
+    return false;
+  };
+  // Its first letter and its last are seen, and nothing is cut at the margins of 8 pixels.
+  EXPECT_TRUE(has_ink(8, 20));
+  EXPECT_TRUE(has_ink(picture.width() - 20, picture.width() - 8));
+  EXPECT_FALSE(has_ink(0, 7));
+}
+
 }  // namespace
 }  // namespace vantrel::console

@@ -177,5 +177,46 @@ TEST_F(FrmVantrelTest, KeyboardFocusDoesNotSlipToAButtonThatStaysEnabled) {
   EXPECT_EQ(form_->focusWidget(), Button("Cmd58"));
 }
 
+TEST_F(FrmVantrelTest, AFocusThatTheUserMovedDuringAWaitStays) {
+  Load();
+  form_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(form_.get()));
+  Button("Cmd58")->setFocus();
+  auto* hints = form_->findChild<QWidget*>("LblHints");
+  peer_.OnFrame([&](const std::string&) {
+    hints->setFocus(Qt::MouseFocusReason);
+    peer_.Send(support::PtyPeer::Reply("58"));
+  });
+  QTest::keyClick(Button("Cmd58"), Qt::Key_Space);
+  EXPECT_EQ(form_->focusWidget(), hints);
+}
+
+TEST_F(FrmVantrelTest, IsBackInItsPlaceThoughItWasMovedWhileHidden) {
+  Load();
+  AnswerAll();
+  form_->move(40, 30);
+  QCoreApplication::processEvents();
+  const QPoint place = form_->frameGeometry().topLeft();
+  OnForm([this](QDialog& form) {
+    EXPECT_FALSE(form_->isVisible());
+    form_->move(200, 150);
+    form.close();
+  });
+  Press("Cmd41");
+  EXPECT_TRUE(form_->isVisible());
+  EXPECT_EQ(form_->frameGeometry().topLeft(), place);
+}
+
+TEST_F(FrmVantrelTest, AScreenReaderHearsWhatEachBoxIs) {
+  Load();
+  const std::pair<const char*, const char*> names[] = {{"TxtCommand", "Command"},
+                                                       {"TxtSyntax", "Syntax"},
+                                                       {"TxtResponse", "Response"},
+                                                       {"LblHints", "Help"},
+                                                       {"ProgressTimeLimit", "Time limit used"}};
+  for (const auto& [control, name] : names)
+    EXPECT_EQ(form_->findChild<QWidget*>(control)->accessibleName().toStdString(), name);
+}
+
 }  // namespace
 }  // namespace vantrel::console

@@ -144,6 +144,14 @@ TEST_F(PrinterProgram, UnderstandsEverySpeedWithoutPacing) {
   EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
 }
 
+// Of 300 bits a second, so that a line with its pacing would answer in 233 ms and understand
+// nothing at another speed.
+TEST_F(PrinterProgram, InstantTurnsPacingOff) {
+  const support::DeviceUser console(Serve({"--instant", "--speed", "300"}));
+  console.Write("02 95 03 96");
+  EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
+}
+
 TEST_F(PrinterProgram, AnswersNoFasterThanTheLine) {
   const support::DeviceUser console(Serve({"--speed", "300"}));
   termios settings{};

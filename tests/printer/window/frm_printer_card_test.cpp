@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <cmath>
 
 namespace vantrel::printer {
 namespace {
@@ -84,6 +85,28 @@ TEST_F(FrmPrinterCard, TurnsThePictureByQuartersClockwise) {
   Click("CmdTurn");
   EXPECT_EQ(face->QuarterTurns(), 0);
   EXPECT_EQ(face->Picture(), ADot());
+}
+
+TEST_F(FrmPrinterCard, TellsTheScaleOfTheFaceAsItIsTurned) {
+  form_.resize(1024, 640);
+  QCoreApplication::processEvents();
+  auto* face = Find<FaceView>("FaceView");
+  const auto expect_label = [&](const QString& dots) {
+    QCoreApplication::processEvents();
+    const double scale = face->Scale();
+    ASSERT_LT(scale, 1);
+    EXPECT_EQ(Find<QLabel>("LblScale")->text(),
+              QString("%1 dots, %2 %").arg(dots).arg(std::lround(100 * scale)));
+  };
+  expect_label("480 × 320");
+  Click("CmdTurn");
+  expect_label("320 × 480");
+  Click("CmdTurn");
+  expect_label("480 × 320");
+  // Where its size stays, nothing but the turning tells of it.
+  Find<QComboBox>("CmbZoom")->setCurrentIndex(1);
+  Click("CmdTurn");
+  EXPECT_EQ(Find<QLabel>("LblScale")->text(), "320 × 480 dots, 1:1");
 }
 
 TEST_F(FrmPrinterCard, ZoomsTheFace) {

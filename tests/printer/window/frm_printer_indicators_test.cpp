@@ -2,8 +2,10 @@
 
 #include "printer/window/card_slot_view.h"
 #include "printer/window/indicator_sign.h"
+#include "printer/window/state_bar.h"
 #include "tests/support/printer_form_bench.h"
 
+#include <QCheckBox>
 #include <QColor>
 #include <QImage>
 #include <QLabel>
@@ -70,6 +72,27 @@ TEST_F(FrmPrinterIndicators, SoundOncePerCycleUntilTheyRunOut) {
   EXPECT_EQ(Label("LblBuzzer"), "off");
   EXPECT_FALSE(SignIsOn("SignBuzzer"));
   EXPECT_EQ(turned_on.count(), 1);
+}
+
+TEST_F(FrmPrinterIndicators, AreSilentWhileTheyAreMuted) {
+  QSignalSpy beeped(form_.findChild<StateBar*>(), &StateBar::Beeped);
+  Pass(0ms);
+  // Buzzer buzzing, green, LED off.
+  console_.Write("02 5A 32 31 30 03 6A");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return SignIsOn("SignBuzzer"); }));
+  EXPECT_EQ(beeped.count(), 1);
+  Find<QCheckBox>("ChkMute")->setChecked(true);
+  for (int i = 0; i < 2; ++i) {
+    Pass(kHalfCycle);
+    EXPECT_FALSE(SignIsOn("SignBuzzer"));
+    Pass(kHalfCycle);
+    EXPECT_TRUE(SignIsOn("SignBuzzer"));
+  }
+  EXPECT_EQ(beeped.count(), 1);
+  Find<QCheckBox>("ChkMute")->setChecked(false);
+  Pass(kHalfCycle);
+  Pass(kHalfCycle);
+  EXPECT_EQ(beeped.count(), 2);
 }
 
 TEST_F(FrmPrinterIndicators, GoDarkWithThePower) {
