@@ -1,4 +1,5 @@
-// Any bytes as print text with ESC sequences. The first byte chooses direction, code page and
+// Any bytes as print text with ESC sequences: each byte belongs to one piece of it, and it is drawn
+// the same again, whatever was drawn before. The first byte chooses direction, code page and
 // reference point.
 
 #include "fuzz/target.h"
@@ -7,7 +8,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <string_view>
+#include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace vantrel;
@@ -23,6 +26,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto items =
       vantrel::protocol::ParsePrintText(text, vantrel::protocol::IsVertical(direction));
   if (!items) return 0;
+  std::size_t length = 0;
+  for (const vantrel::protocol::TextItem& item : *items) {
+    if (item.letter == '\0')
+      length += item.text.size();
+    else
+      length += item.letter == '\r' || item.letter == '\n'
+                    ? 1
+                    : 2 + vantrel::protocol::EscapeDigits(item.letter);
+  }
+  if (length != text.size()) std::abort();
   static const PrintRegisters registers = [] {
     PrintRegisters some;
     some.double_byte_characters[0] = Bitmap(24, 24);
@@ -32,8 +45,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return some;
   }();
   static Fonts fonts(SystemFontFolder());
-  Bitmap face(kFaceWidth, kFaceHeight);
-  Page page(face, direction);
-  DrawPrintText(page, {fonts, registers, code_page, 0, y}, *items);
+  const auto drawn = [&] {
+    Bitmap face(kFaceWidth, kFaceHeight);
+    Page page(face, direction);
+    DrawPrintText(page, {fonts, registers, code_page, 0, y}, *items);
+    return face;
+  };
+  if (!(drawn() == drawn())) std::abort();
   return 0;
 }

@@ -131,12 +131,22 @@ std::optional<std::string> BytesIn(std::string_view hex) {
   return bytes;
 }
 
+// Whether a file can tell of a moment: local times and leap seconds lead to some past the last
+// year.
+bool IsTold(WallTime time) {
+  using std::chrono::January;
+  constexpr std::chrono::sys_days kFirst(std::chrono::year{0} / January / 1);
+  constexpr std::chrono::sys_days kEnd(std::chrono::year{10000} / January / 1);
+  return time >= kFirst && time < kEnd;
+}
+
 std::optional<LogEntry> EntryOf(const std::vector<std::string>& fields) {
   const bool has_utc = fields.size() == kColumns;
   const auto time = has_utc ? UtcTime(fields[kUtc]) : LocalTime(fields[kDate], fields[kTime]);
   const auto bytes = BytesIn(fields[kHex]);
   const bool received = fields[kDirection] == "received";
-  if (!time || !bytes || (!received && fields[kDirection] != "sent")) return std::nullopt;
+  if (!time || !IsTold(*time) || !bytes || (!received && fields[kDirection] != "sent"))
+    return std::nullopt;
   return LogEntry{*time,
                   received ? protocol::Direction::kFromConsole : protocol::Direction::kFromPrinter,
                   *bytes, has_utc ? fields[kComment] : std::string()};

@@ -15,8 +15,9 @@ protocol::Moment MomentOf(WallTime time) {
 const std::tm& LocalTime(WallTime time) {
   thread_local std::optional<std::time_t> latest;
   thread_local std::tm local{};
+  // The system's clock counts nanoseconds, which end in the year 2262.
   const std::time_t seconds =
-      std::chrono::system_clock::to_time_t(std::chrono::floor<std::chrono::seconds>(time));
+      std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count();
   // A new time zone is seen at the next second.
   if (latest != seconds) localtime_r(&seconds, &local);
   latest = seconds;
@@ -148,7 +149,8 @@ void LineLog::DropBefore(std::size_t number) {
 std::string DateInWords(WallTime time) {
   const std::tm& local = LocalTime(time);
   std::string text;
-  AppendDigits(text, local.tm_year + 1900, 4);
+  // The first and the last day that a file can tell may belong to another year here.
+  AppendDigits(text, std::clamp(local.tm_year + 1900, 0, 9999), 4);
   text += '-';
   AppendDigits(text, local.tm_mon + 1, 2);
   text += '-';

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <gmock/gmock.h>
 #include <stdlib.h>
 
 #include <chrono>
@@ -113,6 +114,19 @@ TEST_F(CaptureCommandsTest, ReadsCsvWithoutTheLastColumnsByLocalTime) {
   ASSERT_EQ(ConvertCapture(csv, Path("b.pcapng"), errors_), 0) << errors_.str();
   EXPECT_EQ(ShowCapture(Path("b.pcapng"), false, out_, errors_), 0);
   EXPECT_EQ(out_.str(), "2026-01-02 10:20:30.123  sent      06  06h acknowledge\n");
+}
+
+// No file can tell of the year 10000, to which the leap second leads.
+TEST_F(CaptureCommandsTest, TakesNoMomentFromCsvThatIsPastTheLastYear) {
+  const auto status = [this](const std::string& utc) {
+    const std::string heading = "Date,Time,Direction,Hex,Characters,Meaning,UTC,Comment\r\n";
+    return ConvertCapture(Save("a.csv", heading + ",,sent,06,,," + utc + ",\r\n"), Path("b.csv"),
+                          errors_);
+  };
+  EXPECT_EQ(status("9999-12-31T23:59:59.999999Z"), 0) << errors_.str();
+  EXPECT_EQ(status("2016-12-31T23:59:60.000000Z"), 0) << errors_.str();
+  EXPECT_EQ(status("9999-12-31T23:59:60.000000Z"), 1);
+  EXPECT_THAT(errors_.str(), testing::EndsWith("a.csv has no row of a log in line 2.\n"));
 }
 
 TEST_F(CaptureCommandsTest, WritesNothingOfWhatItCannotReadWhole) {

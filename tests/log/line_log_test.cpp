@@ -49,6 +49,22 @@ class LineLogTest : public testing::Test {
       std::chrono::sys_days{std::chrono::year{2026} / 1 / 2} + 10h + 20min + 30s + 123ms;
 };
 
+// The system's own clock ends in the year 2262.
+TEST_F(LineLogTest, TellsOfEveryDayThatAFileCan) {
+  using std::chrono::sys_days;
+  using std::chrono::year;
+  EXPECT_EQ(DateInWords(sys_days{year{0} / 1 / 1}), "0000-01-01");
+  EXPECT_EQ(DateInWords(sys_days{year{1676} / 12 / 31}), "1676-12-31");
+  EXPECT_EQ(DateInWords(sys_days{year{2300} / 2 / 28}), "2300-02-28");
+  const WallTime last = sys_days{year{10000} / 1 / 1} - 1us;
+  EXPECT_EQ(DateInWords(last), "9999-12-31");
+  EXPECT_EQ(TimeInWords(last), "23:59:59.999");
+  setenv("TZ", "XXX-14", 1);
+  tzset();
+  EXPECT_EQ(DateInWords(last - 1s), "9999-01-01");
+  EXPECT_EQ(TimeInWords(last - 1s), "13:59:58.999");
+}
+
 TEST_F(LineLogTest, KeepsAFrameAndAControlCharacterAsTwoEntries) {
   Console("02 21 03 22");
   Printer("06 02 21 22 03 00");
