@@ -42,11 +42,13 @@ std::size_t IncomingLine::LengthOfRun(std::span<const std::uint8_t> bytes) const
   // Without a speed all arrives at once.
   if (speed_ == 0) return bytes.size();
   if (check_is_next_) return 1;
-  const auto etx = std::find(bytes.begin(), bytes.end(), protocol::kEtx);
   const auto longest =
       static_cast<std::size_t>(std::max(speed_ / kBitsPerByte / kRunsASecond, std::int64_t{1}));
-  return std::min(
-      {static_cast<std::size_t>(etx - bytes.begin()) + 2, bytes.size(), longest, kLongestRun});
+  const std::size_t most = std::min({bytes.size(), longest, kLongestRun});
+  // No further than the run may go: of very many bytes each would be looked at for every run.
+  const auto start = bytes.first(most);
+  const auto etx = std::find(start.begin(), start.end(), protocol::kEtx);
+  return std::min(static_cast<std::size_t>(etx - start.begin()) + 2, most);
 }
 
 std::vector<IncomingLine::Part> IncomingLine::Take(protocol::Moment now) {
