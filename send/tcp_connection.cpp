@@ -62,6 +62,12 @@ class Lookup {
   }
   // Readable when the answer is there.
   int Descriptor() const { return state_->done.Get(); }
+  // Takes the answer, which has come. It is read, and not only polled for, since a read is what
+  // makes the other thread's writes seen here.
+  void Take() const {
+    std::uint64_t once = 0;
+    [[maybe_unused]] const ssize_t count = read(Descriptor(), &once, sizeof once);
+  }
   int Error() const { return state_->error; }
   const addrinfo* Addresses() const { return state_->addresses; }
 
@@ -89,6 +95,7 @@ class Connector {
     const protocol::TcpAddress address = protocol::ParseTcpAddress(address_, "");
     const Lookup lookup(address.host, std::to_string(address.port));
     Wait(lookup.Descriptor(), POLLIN);
+    lookup.Take();
     if (lookup.Error() != 0) throw NoConnection(address_, gai_strerror(lookup.Error()));
     int error = EHOSTUNREACH;
     for (const addrinfo* one = lookup.Addresses(); one != nullptr; one = one->ai_next) {
