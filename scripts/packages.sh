@@ -11,6 +11,8 @@ TEST_PACKAGES=(libgtest-dev libgmock-dev man-db mandoc openbox python3 python3-p
 CHECK_PACKAGES=(appstream binutils ccache clang-format clang-tidy desktop-file-utils git mandoc)
 BENCH_PACKAGES=(libbenchmark-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
+# For scripts/valgrind.
+VALGRIND_PACKAGES=(valgrind libc6-dbg)
 
 # require_packages PACKAGE...: installs those that are missing and says which. Ends the script with a clear message when
 # that is not possible.

@@ -13,6 +13,8 @@ struct Case {
   const char* name;
   QStringList arguments;  // with which it shows a window
   const char* advice;     // what it says of doing without one
+
+  friend void PrintTo(const Case& program, std::ostream* out) { *out << program.name; }
 };
 
 struct Ended {

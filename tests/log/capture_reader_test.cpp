@@ -104,6 +104,8 @@ struct Resolution {
   int value;
   std::uint64_t ticks;
   std::int64_t microseconds;
+
+  friend void PrintTo(const Resolution& resolution, std::ostream* out) { *out << resolution.name; }
 };
 
 class CaptureReaderResolution : public testing::TestWithParam<Resolution> {};

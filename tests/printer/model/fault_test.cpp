@@ -119,6 +119,8 @@ struct BadText {
   const char* name;
   const char* text;
   const char* words;
+
+  friend void PrintTo(const BadText& bad, std::ostream* out) { *out << bad.text; }
 };
 
 class BadFault : public testing::TestWithParam<BadText> {};
