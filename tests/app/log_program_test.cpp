@@ -1,6 +1,7 @@
 // The built program for captures.
 
 #include "log/capture_writer.h"
+#include "tests/support/wait_for.h"
 
 #include <QDir>
 #include <QFile>
@@ -77,7 +78,7 @@ class LogProgramTest : public testing::Test {
     return -1;
   }
   bool ReadsAll(const QString& path) const {
-    return QTest::qWaitFor([&] { return HasRead(path) == QFileInfo(path).size(); });
+    return support::WaitFor([&] { return HasRead(path) == QFileInfo(path).size(); });
   }
 
   QTemporaryDir folder_;

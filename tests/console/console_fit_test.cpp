@@ -3,6 +3,7 @@
 #include "console/command_button.h"
 #include "console/command_table.h"
 #include "tests/support/console_fixture.h"
+#include "tests/support/wait_for.h"
 
 #include <QFontDatabase>
 #include <QLabel>
@@ -34,7 +35,7 @@ class ConsoleFitTest : public support::ConsoleTest {
   }
   void Resize(const QSize& size) {
     form_->resize(size);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return form_->width() == size.width(); }))
+    ASSERT_TRUE(support::WaitFor([&] { return form_->width() == size.width(); }))
         << form_->minimumWidth();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents();
@@ -156,7 +157,7 @@ TEST_F(ConsoleFitTest, ALargerFontWhileItRunsCutsNothing) {
   QFont large = before_;
   large.setPointSize(15);
   QApplication::setFont(large);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Button("Cmd21")->font().pointSize() == 15; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Button("Cmd21")->font().pointSize() == 15; }));
   QCoreApplication::processEvents();
   QCoreApplication::processEvents();
   ExpectNoCaptionCut("after the change");

@@ -1,6 +1,7 @@
 // What the console tells of its port, and of itself to a screen reader.
 
 #include "tests/support/console_fixture.h"
+#include "tests/support/wait_for.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -44,14 +45,14 @@ TEST_F(ConsolePortTest, APortThatIsMissingAtTheStartTellsWhy) {
   dialogs_.Answers(dialogs::Answer::kOk);
   Load();
   EXPECT_EQ(Text("LblPort"), "COM 1 · /dev/does-not-exist · 9600 · not found");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs_.All().empty(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return !dialogs_.All().empty(); }));
 }
 
 TEST_F(ConsolePortTest, ALostDeviceIsTold) {
   Load();
   dialogs_.Answers(dialogs::Answer::kOk);
   peer_.Vanish();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs_.All().empty(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return !dialogs_.All().empty(); }));
   EXPECT_EQ(Text("LblPort"), "COM 1 · " + first_device_ + " · 9600 · gone");
 }
 
@@ -59,7 +60,7 @@ TEST_F(ConsolePortTest, StandsAtTheRightEndOfTheMenuBarAndLeavesTheMenusTheirRoo
   first_device_ = "/dev/" + std::string(200, 'x');
   dialogs_.Answers(dialogs::Answer::kOk);
   Load();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !dialogs_.All().empty(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return !dialogs_.All().empty(); }));
   auto* label = form_->findChild<QLabel*>("LblPort");
   QMenuBar* bar = form_->menuBar();
   EXPECT_EQ(label->parentWidget(), bar);

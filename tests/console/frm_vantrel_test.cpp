@@ -2,6 +2,7 @@
 
 #include "console/command_table.h"
 #include "tests/support/console_fixture.h"
+#include "tests/support/wait_for.h"
 
 #include <QAction>
 #include <QLabel>
@@ -42,7 +43,7 @@ TEST_F(FrmVantrelTest, EveryCaptionIsReadableAtEveryWindowSize) {
   Load();
   for (const QSize size : {QSize(1024, 640), QSize(1120, 720), QSize(1920, 1080)}) {
     form_->resize(size);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return form_->size() == size; }));
+    ASSERT_TRUE(support::WaitFor([&] { return form_->size() == size; }));
     QCoreApplication::processEvents();
     std::size_t count = 0;
     for (auto* button : form_->findChildren<QPushButton*>(QRegularExpression("^[Cc]md[0-9]"))) {

@@ -3,6 +3,7 @@
 #include "printer/line/socket_line.h"
 #include "tests/endtoend/all_commands.h"
 #include "tests/support/file_folder.h"
+#include "tests/support/wait_for.h"
 
 #include <QFile>
 #include <QProcess>
@@ -37,7 +38,7 @@ TEST_F(NetworkConsole, ReachesAPrinterWithEveryCommandThroughSocat) {
   socat_.start("socat",
                {"PTY,link=" + link + ",raw,echo=0",
                 "TCP:" + QString::fromStdString(printer.Server().DevicePath()) + ",nodelay"});
-  ASSERT_TRUE(QTest::qWaitFor([&link] { return QFile::exists(link); }, 10000));
+  ASSERT_TRUE(support::WaitFor([&link] { return QFile::exists(link); }));
   EXPECT_EQ(Session(device), beside_it);
 }
 

@@ -1,4 +1,5 @@
 #include "tests/link/serial_port_fixture.h"
+#include "tests/support/wait_for.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -54,7 +55,7 @@ TEST_F(SerialPortTest, ChoosingASpeedWhileOpenChangesItWithoutClosing) {
     EXPECT_TRUE(terminal.Is8N1());
   }
   terminal.Send("06");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return ears.received == "06"; }));
+  EXPECT_TRUE(support::WaitFor([this] { return ears.received == "06"; }));
   EXPECT_TRUE(ears.losses.empty());
 }
 
@@ -94,17 +95,17 @@ TEST_F(SerialPortTest, SaysThatAnotherProgramUsesATakenDevice) {
 
 TEST_F(SerialPortTest, DiscardsStaleBytesAtOpen) {
   terminal.Send("07070707");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return terminal.Unread() == 4; }));
+  ASSERT_TRUE(support::WaitFor([this] { return terminal.Unread() == 4; }));
   port.Open();
   terminal.Send("06");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return !ears.received.empty(); }));
+  ASSERT_TRUE(support::WaitFor([this] { return !ears.received.empty(); }));
   EXPECT_EQ(ears.received, "06");
 }
 
 TEST_F(SerialPortTest, BytesArriveThroughReceiveEvents) {
   port.Open();
   terminal.Send("0602212041420301");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return ears.received.size() == 16; }));
+  ASSERT_TRUE(support::WaitFor([this] { return ears.received.size() == 16; }));
   EXPECT_EQ(ears.received, "0602212041420301");
   EXPECT_THAT(ears.codes, Each(2));
 }
@@ -114,7 +115,7 @@ TEST_F(SerialPortTest, EveryByteArrivesAsItIs) {
   std::string all;
   for (int code = 0; code <= 0xFF; ++code) all += HexOf(static_cast<std::uint8_t>(code));
   terminal.Send(all);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return ears.received.size() >= all.size(); }));
+  EXPECT_TRUE(support::WaitFor([&] { return ears.received.size() >= all.size(); }));
   EXPECT_EQ(ears.received, all);
   port.Output(BytesOf(all));
   EXPECT_EQ(terminal.Received(256), all);
@@ -135,11 +136,11 @@ TEST_F(SerialPortTest, OutputOfSingleBytesKeepsTheirOrder) {
 TEST_F(SerialPortTest, DiscardInputDropsWhatNobodyHasRead) {
   port.Open();
   terminal.Send("070707");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return terminal.Unread() == 3 || !ears.codes.empty(); }));
+  ASSERT_TRUE(support::WaitFor([this] { return terminal.Unread() == 3 || !ears.codes.empty(); }));
   ears.received.clear();
   port.DiscardInput();
   terminal.Send("06");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return !ears.received.empty(); }));
+  ASSERT_TRUE(support::WaitFor([this] { return !ears.received.empty(); }));
   EXPECT_EQ(ears.received, "06");
 }
 
@@ -148,7 +149,7 @@ TEST_F(SerialPortTest, OpensAgainAfterClose) {
   port.Close();
   port.Open();
   terminal.Send("06");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return ears.received == "06"; }));
+  EXPECT_TRUE(support::WaitFor([this] { return ears.received == "06"; }));
 }
 
 TEST_F(SerialPortTest, OpeningAnOpenPortLeavesItOpen) {

@@ -4,6 +4,7 @@
 #include "log/line_recorder.h"
 #include "tests/support/file_folder.h"
 #include "tests/support/file_limits.h"
+#include "tests/support/wait_for.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -47,7 +48,7 @@ class CaptureRecorderTest : public testing::Test {
     return rows;
   }
   bool Writes(const std::vector<std::string>& rows) const {
-    return QTest::qWaitFor([&] { return Written() == rows; });
+    return support::WaitFor([&] { return Written() == rows; });
   }
 
   support::FileFolder folder_;
@@ -72,7 +73,7 @@ TEST_F(CaptureRecorderTest, KeepsARowBackWhileOneBeforeItIsOpen) {
   Printer("0221");
   Console("02220321");
   // Half a second of silence completes it; what is in the file first is both.
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !Written().empty(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return !Written().empty(); }));
   EXPECT_EQ(Written(), (std::vector<std::string>{"02 21", "02 22 03 21"}));
 }
 
@@ -118,7 +119,7 @@ TEST_F(CaptureRecorderTest, TellsOnceWhyItHasEnded) {
   const support::SizeLimit limit(folder_.Contents("line.pcapng").size() + 10);
   Console("02210322");
   Console("02220321");
-  EXPECT_TRUE(QTest::qWaitFor([&told] { return !told.isEmpty(); }));
+  EXPECT_TRUE(support::WaitFor([&told] { return !told.isEmpty(); }));
   Console("02230320");
   writer.Finish();
   EXPECT_EQ(told, QStringList(QString::fromStdString("the capture " + Path() +
@@ -134,7 +135,7 @@ TEST_F(CaptureRecorderTest, LooksForAPipesReaderByItself) {
   const link::UniqueDescriptor reader(open(Path().c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
   std::string taken;
   std::vector<std::string> damage;
-  EXPECT_TRUE(QTest::qWaitFor([&] {
+  EXPECT_TRUE(support::WaitFor([&] {
     std::array<char, 4096> part{};
     const ssize_t count = read(reader.Get(), part.data(), part.size());
     if (count > 0) taken.append(part.data(), static_cast<std::size_t>(count));

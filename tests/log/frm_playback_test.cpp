@@ -9,6 +9,7 @@
 #include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/scripted_file_chooser.h"
+#include "tests/support/wait_for.h"
 #include "tests/support/window_checks.h"
 
 #include <QLabel>
@@ -38,7 +39,7 @@ TEST(FrmPlaybackTest, ShowsHowFarItIs) {
   const support::DeviceUser console(server.DevicePath());
   console.Write("02 21 03 22 02 22 03 21");
   EXPECT_TRUE(
-      QTest::qWaitFor([&] { return text("LblPlayed") == "Played 1 of 2 frames, 1 unexpected"; }));
+      support::WaitFor([&] { return text("LblPlayed") == "Played 1 of 2 frames, 1 unexpected"; }));
   EXPECT_EQ(text("LblUnexpected"), "Last unexpected frame: expected 21h, came 22h");
   form.show();
   EXPECT_EQ(support::MnemonicsTwiceIn(form), QStringList());

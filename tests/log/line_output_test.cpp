@@ -1,5 +1,7 @@
 #include "log/line_output.h"
 
+#include "tests/support/wait_for.h"
+
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -71,13 +73,13 @@ TEST_P(LineOutputTest, KeepsWhatAReaderDoesNotTake) {
   int emptied = 0;
   QObject::connect(&output, &LineOutput::Emptied, [&emptied] { ++emptied; });
   std::string text;
-  EXPECT_TRUE(QTest::qWaitFor([&] {
+  EXPECT_TRUE(support::WaitFor([&] {
     text += Read();
     return text.size() == 600'000;
   }));
   EXPECT_EQ(text.substr(0, 10000), line + '\n');
   EXPECT_EQ(text.substr(590'000), line + '\n');
-  EXPECT_TRUE(QTest::qWaitFor([&] { return emptied == 1; }));
+  EXPECT_TRUE(support::WaitFor([&] { return emptied == 1; }));
 }
 
 TEST_P(LineOutputTest, DropsWholeLinesPastItsBound) {
@@ -111,7 +113,7 @@ TEST_P(LineOutputTest, TellsWhenAReaderGoesThatLeftLines) {
   int emptied = 0;
   QObject::connect(&output, &LineOutput::Emptied, [&emptied] { ++emptied; });
   CloseReader();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return emptied == 1; }));
+  EXPECT_TRUE(support::WaitFor([&] { return emptied == 1; }));
   EXPECT_TRUE(output.IsGone());
   EXPECT_EQ(output.Pending(), 0U);
 }

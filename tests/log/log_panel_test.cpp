@@ -6,6 +6,7 @@
 #include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/scripted_file_chooser.h"
+#include "tests/support/wait_for.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -47,7 +48,7 @@ class LogPanelTest : public testing::Test {
   QTableView* Table() { return Find<QTableView>("TxtLog"); }
   int Rows() { return Table()->model()->rowCount(); }
   bool HasRows(int count) {
-    return QTest::qWaitFor([&] { return Rows() == count; });
+    return support::WaitFor([&] { return Rows() == count; });
   }
   QString Cell(int row, int column) {
     return Table()->model()->index(row, column).data().toString();
@@ -93,7 +94,7 @@ TEST_F(LogPanelTest, CompletesAFrameThatComesInParts) {
   ASSERT_TRUE(HasRows(1));
   EXPECT_EQ(Cell(0, 4), "cut short after 2 bytes: 21h first track read");
   Console("0322");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Cell(0, 4) == "21h first track read"; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Cell(0, 4) == "21h first track read"; }));
   EXPECT_EQ(Rows(), 1);
 }
 
@@ -104,7 +105,7 @@ TEST_F(LogPanelTest, FollowsOrStays) {
   Click("ChkFollow");
   Exchange(100);
   ASSERT_TRUE(HasRows(400));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !IsAtEnd(); }));
+  EXPECT_TRUE(support::WaitFor([&] { return !IsAtEnd(); }));
   Click("ChkFollow");
   EXPECT_TRUE(IsAtEnd());
 }
@@ -114,7 +115,7 @@ TEST_F(LogPanelTest, FollowsWhenItBecomesSmaller) {
   ASSERT_TRUE(HasRows(200));
   panel_.resize(900, 150);
   EXPECT_TRUE(
-      QTest::qWaitFor([&] { return Table()->rowAt(Table()->viewport()->height() - 6) == 199; }));
+      support::WaitFor([&] { return Table()->rowAt(Table()->viewport()->height() - 6) == 199; }));
 }
 
 TEST_F(LogPanelTest, StaysWhenTheWheelTurnsBack) {
@@ -269,8 +270,8 @@ TEST_F(LogPanelTest, PausesAndCatchesUp) {
   Click("ChkPause");
   Exchange(3);
   // As long as it would take to be shown.
-  ASSERT_TRUE(
-      QTest::qWaitFor([&] { return Find<QLabel>("LblLog")->text() == "2 lines, paused: 6 more"; }));
+  ASSERT_TRUE(support::WaitFor(
+      [&] { return Find<QLabel>("LblLog")->text() == "2 lines, paused: 6 more"; }));
   QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "acknowledge");
   ASSERT_TRUE(HasRows(1));
   Find<QLineEdit>("TxtLogFilter")->clear();
@@ -315,7 +316,7 @@ TEST_F(LogPanelTest, SaysWhyItShowsNothing) {
   ASSERT_TRUE(HasRows(2));
   EXPECT_FALSE(words->isVisible());
   QTest::keyClicks(Find<QLineEdit>("TxtLogFilter"), "nowhere");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return words->isVisible(); }));
+  ASSERT_TRUE(support::WaitFor([&] { return words->isVisible(); }));
   EXPECT_EQ(words->text(), "No line matches the filter.");
 }
 

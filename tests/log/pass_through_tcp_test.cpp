@@ -2,6 +2,7 @@
 #include "printer/line/pseudo_terminal.h"
 #include "printer/line/socket_line.h"
 #include "tests/support/device_user.h"
+#include "tests/support/patience.h"
 #include "tests/support/socket_user.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ namespace {
 link::Bytes ReadSome(protocol::LineEnd& line) {
   link::Bytes bytes;
   pollfd ready{line.Descriptor(), POLLIN, 0};
-  while (bytes.empty() && poll(&ready, 1, 5000) > 0) bytes = line.Read();
+  while (bytes.empty() && poll(&ready, 1, support::kPatience) > 0) bytes = line.Read();
   return bytes;
 }
 

@@ -3,6 +3,7 @@
 #include "printer/line/pseudo_terminal.h"
 #include "protocol/line_speed.h"
 #include "tests/support/device_user.h"
+#include "tests/support/patience.h"
 
 #include <gtest/gtest.h>
 
@@ -67,7 +68,7 @@ class Told {
 // Waits until a descriptor has something to read.
 bool IsReadable(int descriptor) {
   pollfd ready{descriptor, POLLIN, 0};
-  return poll(&ready, 1, 5000) == 1;
+  return poll(&ready, 1, support::kPatience) == 1;
 }
 
 class PassThroughTest : public testing::Test {

@@ -2,6 +2,7 @@
 #include "tests/printdata/form_driver.h"
 #include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
+#include "tests/support/wait_for.h"
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
@@ -249,7 +250,7 @@ TEST_F(LeavingAField, AMenuThatOpensIsNotLeaving) {
   const QPoint center = field->rect().center();
   QContextMenuEvent event(QContextMenuEvent::Keyboard, center, field->mapToGlobal(center));
   QApplication::sendEvent(field, &event);
-  ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+  ASSERT_TRUE(support::WaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
   FormDriver::Turn();
   QApplication::activePopupWidget()->close();
   FormDriver::Turn();

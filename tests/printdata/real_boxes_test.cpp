@@ -2,6 +2,7 @@
 #include "printdata/frm_print_buffer.h"
 #include "tests/printdata/form_driver.h"
 #include "tests/support/recording_guard.h"
+#include "tests/support/wait_for.h"
 
 #include <QTimer>
 #include <QWindow>
@@ -84,7 +85,7 @@ TEST_F(RealBoxes, AWrongFieldLeftForAnotherKeepsTheFocusAfterOneBox) {
   user.Find<QLineEdit>("TxtXCoordinate")->setText("320");
   user.Find<QLineEdit>("TxtYCoordinate")->setText("480");
   ClickThroughWindow(form, "TxtYCoordinate");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return !titles.empty(); }));
+  ASSERT_TRUE(support::WaitFor([this] { return !titles.empty(); }));
   // Off-screen there is no window manager that would do so.
   form.activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&form));

@@ -2,6 +2,7 @@
 
 #include "tests/send/full_listener.h"
 #include "tests/send/send_program.h"
+#include "tests/support/patience.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -78,7 +79,7 @@ TEST_F(Networks, AreGivenUpAtASignalWhileTheyConnect) {
   auto process = StartSending({"--json", "58"});
   QElapsedTimer elapsed;
   elapsed.start();
-  while (!IsConnectedTo(device_.section(':', -1).toInt()) && elapsed.elapsed() < 4000)
+  while (!IsConnectedTo(device_.section(':', -1).toInt()) && elapsed.elapsed() < support::kPatience)
     QThread::msleep(1);
   kill(static_cast<pid_t>(process->processId()), SIGINT);
   const Ended ended = EndOf(*process);

@@ -1,5 +1,6 @@
 #include "log/capture_file.h"
 #include "tests/send/send_program.h"
+#include "tests/support/patience.h"
 
 #include <QFile>
 #include <QXmlStreamReader>
@@ -61,7 +62,7 @@ TEST_F(Reports, AreThereBeforeTheNextExchange) {
   Begin();
   auto process = StartSending({"-", "--quiet", "--report", json_});
   process->write("58\n");
-  while (!process->canReadLine() && process->waitForReadyRead(5000)) continue;
+  while (!process->canReadLine() && process->waitForReadyRead(support::kPatience)) continue;
   EXPECT_EQ(Objects(Contents(json_)).size(), 1U);
   process->closeWriteChannel();
   EXPECT_EQ(EndOf(*process).status, 0);
@@ -81,7 +82,7 @@ TEST_F(Reports, AreWholeAfterASignal) {
   Begin();
   auto process = StartSending({"-", "--quiet", "--report", xml_});
   process->write("58\n");
-  while (!process->canReadLine() && process->waitForReadyRead(5000)) continue;
+  while (!process->canReadLine() && process->waitForReadyRead(support::kPatience)) continue;
   EXPECT_FALSE(QFile::exists(xml_));
   kill(static_cast<pid_t>(process->processId()), SIGTERM);
   EXPECT_EQ(EndOf(*process).status, 130);

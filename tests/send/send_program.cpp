@@ -1,5 +1,7 @@
 #include "tests/send/send_program.h"
 
+#include "tests/support/patience.h"
+
 #include <QJsonDocument>
 
 namespace vantrel::send {
@@ -39,7 +41,8 @@ std::unique_ptr<QProcess> SendProgram::StartSending(const QStringList& words) {
 }
 
 Ended SendProgram::EndOf(QProcess& process) {
-  const bool ended = process.state() == QProcess::NotRunning || process.waitForFinished(20000);
+  const bool ended =
+      process.state() == QProcess::NotRunning || process.waitForFinished(support::kPatience);
   const bool normal = ended && process.exitStatus() == QProcess::NormalExit;
   if (!ended) process.kill();
   return {normal ? process.exitCode() : -1, process.readAllStandardOutput(),

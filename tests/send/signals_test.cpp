@@ -1,6 +1,7 @@
 // A signal in each wait.
 
 #include "tests/send/send_program.h"
+#include "tests/support/patience.h"
 
 #include <QJsonObject>
 #include <QThread>
@@ -97,7 +98,7 @@ TEST_F(Signals, EndTheWaitForALine) {
   Begin();
   auto process = StartSending({"-", "--quiet"});
   process->write("58\n");
-  while (!process->canReadLine() && process->waitForReadyRead(5000)) continue;
+  while (!process->canReadLine() && process->waitForReadyRead(support::kPatience)) continue;
   Signal(*process, SIGINT);
   const Ended ended = EndOf(*process);
   EXPECT_EQ(ended.status, 130);
@@ -109,7 +110,7 @@ TEST_F(Signals, EndARunInItsRounds) {
   auto process = StartSending({"-", "--json", "--until-failure"});
   process->write("58\n40\n");
   process->closeWriteChannel();
-  while (!process->canReadLine() && process->waitForReadyRead(5000)) continue;
+  while (!process->canReadLine() && process->waitForReadyRead(support::kPatience)) continue;
   Signal(*process, SIGINT);
   const Ended ended = EndOf(*process);
   EXPECT_EQ(ended.status, 130);

@@ -1,6 +1,7 @@
 #include "tests/support/device_user.h"
 
 #include "link/frame.h"
+#include "tests/support/patience.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -28,7 +29,8 @@ void DeviceUser::Write(const std::string& hex) const {
 
 std::string DeviceUser::Read(std::size_t count) const {
   // A byte is two digits and, but for the last, a blank.
-  return ReadUntil([count](const std::string& hex) { return hex.size() >= 3 * count - 1; }, 5000);
+  return ReadUntil([count](const std::string& hex) { return hex.size() >= 3 * count - 1; },
+                   kPatience);
 }
 
 std::string DeviceUser::ReadNow() const {

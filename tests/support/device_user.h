@@ -19,7 +19,7 @@ class DeviceUser {
   int Descriptor() const { return descriptor_; }
   // Writes bytes given as hex with blanks, "02 21 03 22".
   void Write(const std::string& hex) const;
-  // Reads until `count` bytes have come, or five seconds have passed; as hex with blanks.
+  // Reads until `count` bytes have come, or patience is at an end; as hex with blanks.
   std::string Read(std::size_t count) const;
   // What has come by now, without waiting.
   std::string ReadNow() const;

@@ -1,5 +1,7 @@
 #include "tests/support/socket_user.h"
 
+#include "tests/support/patience.h"
+
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
@@ -9,8 +11,6 @@
 
 namespace vantrel::support {
 namespace {
-
-constexpr int kPatience = 5000;  // milliseconds
 
 link::UniqueDescriptor Connected(int family, const sockaddr* address, socklen_t size) {
   link::UniqueDescriptor descriptor(socket(family, SOCK_STREAM | SOCK_CLOEXEC, 0));

@@ -9,7 +9,7 @@
 
 namespace vantrel::support {
 
-// Another program that has connected to a socket, with deadlines of five seconds.
+// Another program that has connected to a socket, with deadlines.
 class SocketUser {
  public:
   // Not open where nobody listens.

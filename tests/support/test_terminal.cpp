@@ -1,6 +1,7 @@
 #include "tests/support/test_terminal.h"
 
 #include "link/frame.h"
+#include "tests/support/patience.h"
 
 #include <gtest/gtest.h>
 
@@ -40,7 +41,7 @@ void TestTerminal::Send(std::string_view hex) const {
 std::string TestTerminal::Received(std::size_t bytes) const {
   std::string hex;
   pollfd descriptor = {printer_, POLLIN, 0};
-  while (poll(&descriptor, 1, hex.size() / 2 < bytes ? 1000 : 0) > 0) {
+  while (poll(&descriptor, 1, hex.size() / 2 < bytes ? kPatience : 0) > 0) {
     link::Bytes block(4096);
     const ssize_t count = read(printer_, block.data(), block.size());
     if (count <= 0) break;

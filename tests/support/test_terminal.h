@@ -22,7 +22,7 @@ class TestTerminal {
 
   // Sends bytes to the console, as hex text.
   void Send(std::string_view hex) const;
-  // What the console has sent, as hex text: waits up to a second for `bytes` bytes and returns all
+  // What the console has sent, as hex text: waits for `bytes` bytes and returns all
   // there are, in no case running an event loop.
   std::string Received(std::size_t bytes) const;
   // Bytes that lie at the console's end and that nobody has read.

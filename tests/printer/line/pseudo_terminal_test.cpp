@@ -1,6 +1,7 @@
 #include "printer/line/pseudo_terminal.h"
 
 #include "tests/support/device_user.h"
+#include "tests/support/patience.h"
 
 #include <gtest/gtest.h>
 
@@ -8,15 +9,18 @@
 #include <sys/ioctl.h>
 #include <termios.h>
 
+#include <memory>
+#include <string>
+
 namespace vantrel::printer {
 namespace {
 
-// What comes from the console, until `count` bytes have come or five seconds have passed: the
-// system carries them over in its own time.
+// What comes from the console, until `count` bytes have come: the system carries them over in its
+// own time.
 link::Bytes ReadFrom(PseudoTerminal& terminal, std::size_t count) {
   link::Bytes bytes;
   pollfd readable = {terminal.Descriptor(), POLLIN, 0};
-  while (bytes.size() < count && poll(&readable, 1, 5000) > 0) {
+  while (bytes.size() < count && poll(&readable, 1, support::kPatience) > 0) {
     const link::Bytes part = terminal.Read();
     bytes.insert(bytes.end(), part.begin(), part.end());
   }
@@ -113,13 +117,16 @@ TEST(PseudoTerminal, LosesWhatDoesNotFitAndGoesOn) {
 }
 
 TEST(PseudoTerminal, EndsItsDeviceWithItself) {
-  std::string path;
-  {
-    PseudoTerminal terminal;
-    path = terminal.DevicePath();
-    EXPECT_TRUE(support::DeviceUser(path).IsOpen());
-  }
+  auto terminal = std::make_unique<PseudoTerminal>();
+  const std::string path = terminal->DevicePath();
+  // While it is in use, no other program's terminal gets its name.
+  const support::DeviceUser user(path);
+  ASSERT_TRUE(user.IsOpen());
+  terminal.reset();
   EXPECT_FALSE(support::DeviceUser(path).IsOpen());
+  pollfd gone = {user.Descriptor(), 0, 0};
+  EXPECT_EQ(poll(&gone, 1, 0), 1);
+  EXPECT_NE(gone.revents & POLLHUP, 0);
 }
 
 TEST(PseudoTerminal, TellsWhetherAConsoleHasTakenAll) {

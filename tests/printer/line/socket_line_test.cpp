@@ -1,6 +1,7 @@
 #include "printer/line/socket_line.h"
 
 #include "tests/support/file_folder.h"
+#include "tests/support/patience.h"
 #include "tests/support/socket_user.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +26,7 @@ const link::Bytes kQuestion{0x02, 0x95, 0x03, 0x96};
 // Waits until there is something to do, and reads.
 link::Bytes ReadFrom(LineEnd& line) {
   pollfd ready{line.Descriptor(), POLLIN, 0};
-  return poll(&ready, 1, 5000) > 0 ? line.Read() : link::Bytes{};
+  return poll(&ready, 1, support::kPatience) > 0 ? line.Read() : link::Bytes{};
 }
 
 // The port of "127.0.0.1:4000".

@@ -4,6 +4,7 @@
 #include "printer/line/pseudo_terminal.h"
 #include "tests/printer/program/printer_program.h"
 #include "tests/support/device_user.h"
+#include "tests/support/wait_for.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ class PrinterCapture : public PrinterProgram {
   }
   std::vector<std::string> Rows() const { return Rows(Path()); }
   bool Writes(const std::vector<std::string>& rows) const {
-    return QTest::qWaitFor([&] { return Rows() == rows; });
+    return support::WaitFor([&] { return Rows() == rows; });
   }
   static log::CapturedLine LineOf(const QString& path) {
     log::CaptureFile file(path.toStdString());
@@ -65,7 +66,7 @@ TEST_F(PrinterCapture, IsWrittenAsItGoesWithoutAWindow) {
   console.Write("02 21 03 22");
   EXPECT_EQ(console.Read(8), "06 02 95 20 30 03 86 06");
   console.Write("02 22");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Rows().size() == 6; }));
+  EXPECT_TRUE(support::WaitFor([this] { return Rows().size() == 6; }));
   EXPECT_EQ(EndNow(), 0);
   EXPECT_EQ(Rows().back(), "to 02 22");
   EXPECT_EQ(program_.readAllStandardError(), "");
@@ -86,7 +87,7 @@ TEST_F(PrinterCapture, HasTheFaultsAsComments) {
   EXPECT_EQ(ReadLine(), "ok");
   // All in one write.
   console.Write("02 95 03 97 02 95 03 96 02 96 03 95 02 95 03 96 02 95 03 96");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Rows().size() == 14; }));
+  EXPECT_TRUE(support::WaitFor([this] { return Rows().size() == 14; }));
   std::vector<std::string> commands;
   for (const std::string& row : Rows()) {
     if (row.starts_with("to ")) commands.push_back(row);
@@ -102,7 +103,7 @@ TEST_F(PrinterCapture, IsWrittenBetweenAConsoleAndARealPrinter) {
   const QString device = QString::fromStdString(printer.DevicePath());
   const support::DeviceUser console(Serve({"--through", device, "--capture", Path()}));
   console.Write("02 95 03 96");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !printer.Read().empty(); }));
+  EXPECT_TRUE(support::WaitFor([&] { return !printer.Read().empty(); }));
   printer.Write({0x06, 0x02, 0x95, 0x20});
   EXPECT_EQ(console.Read(4), "06 02 95 20");
   EXPECT_TRUE(Writes({"to 02 95 03 96", "from 06"}));
@@ -139,7 +140,7 @@ TEST_F(PrinterCapture, OfAPlaybackHasNoCommentsOfTheFirst) {
 TEST_F(PrinterCapture, IsWholeWhenTheProgramIsKilled) {
   const support::DeviceUser console(Serve({"--capture", Path(), "--no-pacing", "--instant"}));
   for (int i = 0; i < 200; ++i) console.Write("02 95 03 96");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Rows().size() > 30; }));
+  EXPECT_TRUE(support::WaitFor([this] { return Rows().size() > 30; }));
   for (int i = 0; i < 200; ++i) console.Write("02 95 03 96");
   program_.kill();
   program_.waitForFinished();

@@ -3,6 +3,7 @@
 #include "protocol/tcp_address.h"
 #include "tests/printer/program/printer_program.h"
 #include "tests/support/device_user.h"
+#include "tests/support/patience.h"
 #include "tests/support/socket_user.h"
 
 #include <QFile>
@@ -85,7 +86,7 @@ TEST_F(NetworkProgram, PassesOnBetweenTwoSockets) {
   QProcess printer;
   printer.start(VANTREL_PRINTER_PROGRAM, {"--headless", "--tcp", "0"});
   ASSERT_TRUE(printer.waitForStarted());
-  while (!printer.canReadLine() && printer.waitForReadyRead(5000)) continue;
+  while (!printer.canReadLine() && printer.waitForReadyRead(support::kPatience)) continue;
   const QString address = printer.readLine().trimmed();
   const std::string served = Serve({"--through", "tcp:" + address, "--tcp", "0"});
   const auto console = support::SocketUser::OnTcp(PortOf(served));

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QElapsedTimer>
+#include "tests/support/patience.h"
+
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStringList>
@@ -36,16 +37,14 @@ class PrinterProgram : public testing::Test {
 
   // The next line of its output without its end; empty when none comes.
   std::string ReadLine() {
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (!program_.canReadLine() && elapsed.elapsed() < 10000 && program_.waitForReadyRead(1000))
-      continue;
+    while (!program_.canReadLine() && program_.waitForReadyRead(support::kPatience)) continue;
     return program_.readLine().trimmed().toStdString();
   }
 
   // Waits for its end and returns its status; -1 when it does not end of itself.
   int End() {
-    const bool ended = program_.state() == QProcess::NotRunning || program_.waitForFinished(10000);
+    const bool ended =
+        program_.state() == QProcess::NotRunning || program_.waitForFinished(support::kPatience);
     if (!ended || program_.exitStatus() != QProcess::NormalExit) return -1;
     return program_.exitCode();
   }

@@ -1,7 +1,9 @@
 #include "tests/printer/program/printer_program.h"
 
 #include "tests/support/device_user.h"
+#include "tests/support/patience.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcessEnvironment>
@@ -45,7 +47,7 @@ TEST_F(PrinterProgram, SaysThatAWindowNeedsADisplay) {
 
 TEST_F(PrinterProgram, ServesWithAWindowToo) {
   Start({"--instant"});
-  ASSERT_TRUE(program_.waitForReadyRead(10000));
+  ASSERT_TRUE(program_.waitForReadyRead(support::kPatience));
   const support::DeviceUser console(program_.readLine().trimmed().toStdString());
   console.Write("02 95 03 96");
   EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");

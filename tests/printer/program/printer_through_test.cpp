@@ -3,8 +3,11 @@
 #include "printer/line/pseudo_terminal.h"
 #include "tests/printer/program/printer_program.h"
 #include "tests/support/device_user.h"
+#include "tests/support/patience.h"
 
 #include <gtest/gtest.h>
+
+#include <poll.h>
 
 #include <memory>
 
@@ -17,9 +20,8 @@ class ThroughProgram : public PrinterProgram {
   // What the real printer has been sent, in parts until it is as long as this.
   link::Bytes PrinterReads(std::size_t count) {
     link::Bytes all;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (all.size() < count && elapsed.elapsed() < 5000) {
+    pollfd readable{printer_->Descriptor(), POLLIN, 0};
+    while (all.size() < count && poll(&readable, 1, support::kPatience) > 0) {
       const link::Bytes part = printer_->Read();
       all.insert(all.end(), part.begin(), part.end());
     }

@@ -1,9 +1,12 @@
 // The built program behind the tools that carry a serial line over a network.
 
+#include "link/unique_descriptor.h"
 #include "protocol/tcp_address.h"
 #include "tests/printer/program/all_commands.h"
 #include "tests/printer/program/printer_program.h"
 #include "tests/support/file_folder.h"
+#include "tests/support/patience.h"
+#include "tests/support/wait_for.h"
 
 #include <QFile>
 #include <QTest>
@@ -13,6 +16,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -36,7 +40,8 @@ class NetworkTools : public PrinterProgram {
     program_.write(
         "wait frame 52 50000\nwait removal-wait\npull\ninsert cleaning\n"
         "wait reply 52\nlog\n");
-    while (program_.bytesToWrite() > 0 && program_.waitForBytesWritten(10000)) continue;
+    while (program_.bytesToWrite() > 0 && program_.waitForBytesWritten(support::kPatience))
+      continue;
     return line;
   }
   // The answers to these lines.
@@ -53,21 +58,26 @@ class NetworkTools : public PrinterProgram {
     client_.start(program, arguments);
     client_.write(input.c_str());
     client_.closeWriteChannel();
-    while (client_.bytesToWrite() > 0 && client_.waitForBytesWritten(10000)) continue;
+    while (client_.bytesToWrite() > 0 && client_.waitForBytesWritten(support::kPatience)) continue;
   }
 
-  // A port that was free a moment ago.
+  // A port that was free a moment ago. It is none of those that the system gives to who asks for
+  // any, as the tests beside this one do.
   static int FreePort() {
-    const int socket_number = socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t length = sizeof address;
-    auto* const any = reinterpret_cast<sockaddr*>(&address);
-    EXPECT_EQ(bind(socket_number, any, length), 0);
-    EXPECT_EQ(getsockname(socket_number, any, &length), 0);
-    close(socket_number);
-    return ntohs(address.sin_port);
+    constexpr int kFirst = 20000;
+    constexpr int kCount = 10000;
+    for (int i = 0; i < kCount; ++i) {
+      const int port = kFirst + (getpid() + i) % kCount;
+      const link::UniqueDescriptor one(socket(AF_INET, SOCK_STREAM, 0));
+      sockaddr_in address{};
+      address.sin_family = AF_INET;
+      address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+      address.sin_port = htons(static_cast<std::uint16_t>(port));
+      if (bind(one.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
+        return port;
+    }
+    ADD_FAILURE() << "No port is free.";
+    return 0;
   }
 
   QProcess tool_;
@@ -80,7 +90,7 @@ TEST_F(NetworkTools, CarryAllCommandsFromASenderThroughSocat) {
   const QString device = QString::fromStdString(files_.Path("com1"));
   tool_.start("socat", {"PTY,link=" + device + ",raw,echo=0",
                         "TCP:" + QString::fromStdString(address) + ",nodelay"});
-  ASSERT_TRUE(QTest::qWaitFor([&device] { return QFile::exists(device); }, 10000));
+  ASSERT_TRUE(support::WaitFor([&device] { return QFile::exists(device); }));
   std::string lines;
   for (const CommandAndData& command : AllCommands())
     lines += std::string(command.code) + " --data '" + command.data + "'\n";

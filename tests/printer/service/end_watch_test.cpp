@@ -1,5 +1,7 @@
 #include "printer/service/end_watch.h"
 
+#include "tests/support/wait_for.h"
+
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -26,7 +28,7 @@ TEST_F(EndWatchTest, TellsOfEachSignalThatAsksForTheEnd) {
     QObject::connect(&watch, &EndWatch::Asked, &watch, [&asked] { ++asked; });
     pthread_kill(pthread_self(), signal);
     EXPECT_EQ(asked, 0) << "from the event loop alone";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return asked == 1; })) << signal;
+    EXPECT_TRUE(support::WaitFor([&] { return asked == 1; })) << signal;
     // What the watch has told of is still pending.
     sigset_t pending{};
     sigpending(&pending);

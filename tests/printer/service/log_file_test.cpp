@@ -2,6 +2,7 @@
 
 #include "log/line_recorder.h"
 #include "tests/support/file_folder.h"
+#include "tests/support/wait_for.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -43,7 +44,7 @@ TEST_F(LogFileTest, IsWrittenAsTheLogGrows) {
   LogFile file(folder_.Path("line.txt"), {});
   file.Begin(recorder_);
   Receive("02950396");
-  EXPECT_TRUE(QTest::qWaitFor(
+  EXPECT_TRUE(support::WaitFor(
       [&] { return folder_.Contents("line.txt").find("02 95 03 96") != std::string::npos; }));
   const std::string line = folder_.Contents("line.txt");
   EXPECT_TRUE(line.ends_with("received  02 95 03 96  95h card transport count request\n") ||

@@ -5,6 +5,7 @@
 #include "printer/service/line_recording.h"
 #include "tests/support/device_user.h"
 #include "tests/support/installed_fonts.h"
+#include "tests/support/wait_for.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -37,7 +38,7 @@ TEST_F(PrinterServerTest, LetsTheDeviceVanishOnAFault) {
   model_.ReplaceFaults(ParseFault("vanish"));
   console.Write("02 95 03 96");
   EXPECT_FALSE(HasHungUp(console));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return HasHungUp(console); }));
+  EXPECT_TRUE(support::WaitFor([&] { return HasHungUp(console); }));
   EXPECT_EQ(server_.DevicePath(), "");
   EXPECT_EQ(changes, 1);
 }
@@ -54,20 +55,20 @@ TEST_F(PrinterServerTest, ServesADeviceThatIsThereAgain) {
   QObject::connect(&server_, &PrinterServer::Sent,
                    [&sent](const QByteArray& bytes) { sent += bytes; });
   console.Write("02 95 03 96");
-  EXPECT_TRUE(QTest::qWaitFor([&sent] { return sent.size() == 7; }));
+  EXPECT_TRUE(support::WaitFor([&sent] { return sent.size() == 7; }));
   EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
 }
 
 TEST_F(PrinterServerTest, LosesWhatIsSentWhileTheDeviceIsAway) {
   const support::DeviceUser console(server_.DevicePath());
-  model_.ReplaceFaults(ParseFault("delay 50"));
+  model_.ReplaceFaults(ParseFault("delay 400"));
   QByteArray sent;
   QObject::connect(&server_, &PrinterServer::Sent,
                    [&sent](const QByteArray& bytes) { sent += bytes; });
   console.Write("02 95 03 96");
-  EXPECT_TRUE(QTest::qWaitFor([&sent] { return !sent.isEmpty(); }));
+  EXPECT_TRUE(support::WaitFor([&sent] { return !sent.isEmpty(); }));
   server_.Unplug();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !model_.NextAdvance(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return !model_.NextAdvance(); }));
   EXPECT_EQ(sent.toHex(), "06");
 }
 
@@ -90,7 +91,7 @@ TEST_F(PrinterServerTest, TellsOfAnswersAndFaults) {
   const support::DeviceUser console(server_.DevicePath());
   model_.ReplaceFaults(ParseFault("status 38"));
   console.Write("02 95 03 96");
-  EXPECT_TRUE(QTest::qWaitFor([&told] { return told.size() >= 4; }));
+  EXPECT_TRUE(support::WaitFor([&told] { return told.size() >= 4; }));
   EXPECT_EQ(told, QStringList({"received", "struck: status 38", "sent",
                                "answered 029538"
                                "03AE"}));
@@ -105,7 +106,7 @@ TEST_F(PrinterServerTest, HasAFaultAsACommentOfTheCommandThatMetIt) {
   // In one write.
   console.Write("02 95 03 96 02 96 03 95 02 95 03 96");
   std::vector<std::string> comments;
-  EXPECT_TRUE(QTest::qWaitFor([&] {
+  EXPECT_TRUE(support::WaitFor([&] {
     comments.clear();
     for (std::size_t i = recorder.Log().First(); i < recorder.Log().End(); ++i) {
       const log::LogEntry& entry = recorder.Log().At(i);
@@ -125,7 +126,7 @@ TEST_F(PrinterServerTest, HasARemarkInTheLogAndInNoComment) {
   console.Write("02 50 31 03 62 02 51 03 52 02 54 03 57");
   // The last row is the reply to 54h.
   const log::LineLog& log = recorder.Log();
-  EXPECT_TRUE(QTest::qWaitFor(
+  EXPECT_TRUE(support::WaitFor(
       [&log] { return log.End() > 0 && log::HexOf(log.At(log.End() - 1)) == "02 54 20 03 77"; }));
   std::string meaning;
   for (std::size_t i = log.First(); i < log.End(); ++i) {
@@ -141,11 +142,11 @@ TEST_F(PrinterServerTest, TellsOfNoAnswerThatTheLineHasLost) {
   int answers = 0;
   QObject::connect(&server_, &PrinterServer::Answered, [&answers] { ++answers; });
   const support::DeviceUser console(server_.DevicePath());
-  model_.ReplaceFaults(ParseFault("delay 20"));
+  model_.ReplaceFaults(ParseFault("delay 400"));
   console.Write("02 95 03 96");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return model_.Faults().IsEmpty(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return model_.Faults().IsEmpty(); }));
   server_.Unplug();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !model_.NextAdvance(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return !model_.NextAdvance(); }));
   EXPECT_EQ(answers, 0);
 }
 

@@ -5,6 +5,7 @@
 #include "printer/service/printer_script.h"
 #include "printer/service/printer_server.h"
 #include "tests/support/installed_fonts.h"
+#include "tests/support/wait_for.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -39,7 +40,7 @@ class ScriptConsoleTest : public testing::Test {
   void EndInput() { close(std::exchange(input_[1], -1)); }
   // Whether the answers become these.
   bool Answers(const std::string& expected) {
-    return QTest::qWaitFor([&] {
+    return support::WaitFor([&] {
       std::array<char, 65536> part{};
       const ssize_t count = read(answers_[0], part.data(), part.size());
       if (count > 0) read_.append(part.data(), static_cast<std::size_t>(count));
@@ -83,10 +84,10 @@ TEST_F(ScriptConsoleTest, ReadsNoMoreWhileNobodyTakesTheAnswers) {
   std::string asked;
   for (int i = 0; i < 6000; ++i) asked += "help pull\n";
   Ask(asked);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return output.Pending() > 65536; }));
+  ASSERT_TRUE(support::WaitFor([&] { return output.Pending() > 65536; }));
   EXPECT_LT(output.Pending(), 600'000U);
   std::size_t lines = 0;
-  EXPECT_TRUE(QTest::qWaitFor([&] {
+  EXPECT_TRUE(support::WaitFor([&] {
     std::array<char, 65536> part{};
     const ssize_t count = read(answers_[0], part.data(), part.size());
     for (ssize_t i = 0; i < count; ++i) lines += part.at(static_cast<std::size_t>(i)) == '\n';

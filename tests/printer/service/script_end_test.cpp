@@ -1,6 +1,7 @@
 // What a script does at the end of its input.
 
 #include "tests/printer/service/script_fixture.h"
+#include "tests/support/wait_for.h"
 
 namespace vantrel::printer {
 namespace {
@@ -8,7 +9,7 @@ namespace {
 class ScriptEnd : public ScriptFixture {
  protected:
   bool HasFinished() {
-    return QTest::qWaitFor([this] { return finished_ > 0; });
+    return support::WaitFor([this] { return finished_ > 0; });
   }
 };
 
@@ -47,7 +48,7 @@ TEST_F(ScriptEnd, HearsNothingThatComesLater) {
   console_.Write("02 21 03 22");
   script_.End();
   console_.Write("02 95 03 96");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !model_.IsBusy(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return !model_.IsBusy(); }));
   EXPECT_EQ(console_.Read(6), "06 02 21 23 03 01");
   EXPECT_TRUE(HasFinished());
   EXPECT_EQ(console_.ReadNow(), "");
@@ -107,7 +108,7 @@ TEST_F(ScriptEnd, WaitsForLateReplies) {
   Ask("fault delay 50");
   console_.Write("02 95 03 96");
   script_.End();
-  EXPECT_TRUE(QTest::qWaitFor([this] { return !model_.IsBusy(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return !model_.IsBusy(); }));
   EXPECT_EQ(console_.Read(7), "06 02 95 20 30 03 86");
   EXPECT_TRUE(HasFinished());
 }

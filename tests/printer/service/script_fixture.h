@@ -9,6 +9,7 @@
 #include "tests/support/device_user.h"
 #include "tests/support/file_folder.h"
 #include "tests/support/installed_fonts.h"
+#include "tests/support/wait_for.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -40,7 +41,7 @@ class ScriptFixture : public testing::Test {
   std::string Ask(const std::string& line) {
     answers_.clear();
     script_.Feed(line + '\n');
-    if (!QTest::qWaitFor([this] { return !answers_.empty(); })) return {};
+    if (!support::WaitFor([this] { return !answers_.empty(); })) return {};
     return answers_.front();
   }
   // Gives the script a line that waits and returns what it has answered by now.
@@ -51,14 +52,14 @@ class ScriptFixture : public testing::Test {
   }
   // The answer that comes to a line that waits.
   std::string Awaited() {
-    if (!QTest::qWaitFor([this] { return !answers_.empty(); })) return {};
+    if (!support::WaitFor([this] { return !answers_.empty(); })) return {};
     return answers_.front();
   }
   // Writes as a console and waits until the printer has answered with so many bytes in all.
   std::string Exchange(const std::string& hex, std::size_t count) {
     console_.Write(hex);
     std::string answer;
-    const bool came = QTest::qWaitFor([&] {
+    const bool came = support::WaitFor([&] {
       const std::string more = console_.ReadNow();
       if (!more.empty()) answer += (answer.empty() ? "" : " ") + more;
       return answer.size() + 1 >= 3 * count;

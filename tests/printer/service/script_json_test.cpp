@@ -1,6 +1,7 @@
 // A script that is answered in JSON.
 
 #include "tests/printer/service/script_fixture.h"
+#include "tests/support/wait_for.h"
 
 namespace vantrel::printer {
 namespace {
@@ -135,7 +136,7 @@ TEST_F(ScriptInJson, TellsEventsBetweenAnswersWhileItIsAskedTo) {
   EXPECT_EQ(Ask("events on"), R"({"ok":true})");
   told_.clear();
   Exchange("02 96 03 95", 7);
-  ASSERT_TRUE(QTest::qWaitFor([this] { return told_.size() >= 3; }));
+  ASSERT_TRUE(support::WaitFor([this] { return told_.size() >= 3; }));
   EXPECT_EQ(WithoutTime(told_[0]),
             R"({"event":"received","hex":"02 96 03 95","code":"96","status":null,)"
             R"("meaning":"96h print count request","comment":null})");
@@ -147,7 +148,7 @@ TEST_F(ScriptInJson, TellsEventsBetweenAnswersWhileItIsAskedTo) {
       StartsWith(R"({"event":"sent","hex":"02 96 20 30 03 85","code":"96","status":"20",)"));
   told_.clear();
   Ask("insert");
-  ASSERT_TRUE(QTest::qWaitFor([this] { return told_.size() >= 2; }));
+  ASSERT_TRUE(support::WaitFor([this] { return told_.size() >= 2; }));
   EXPECT_EQ(told_[0], R"({"ok":true})");
   EXPECT_THAT(WithoutTime(told_[1]), StartsWith(R"({"event":"state","card":{"place":"front",)"));
   EXPECT_EQ(Ask("events off"), R"({"ok":true})");
@@ -162,7 +163,7 @@ TEST_F(ScriptInJson, TellsWhatAFaultDid) {
   Ask("fault status 38");
   told_.clear();
   Exchange("02 95 03 96", 6);
-  ASSERT_TRUE(QTest::qWaitFor([this] { return told_.size() >= 2; }));
+  ASSERT_TRUE(support::WaitFor([this] { return told_.size() >= 2; }));
   EXPECT_THAT(told_, testing::Contains(HasSubstr(R"("comment":"fault: status 38"})")));
 }
 

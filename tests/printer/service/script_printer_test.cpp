@@ -4,6 +4,7 @@
 #include "protocol/tcp_address.h"
 #include "tests/printer/service/script_fixture.h"
 #include "tests/support/socket_user.h"
+#include "tests/support/wait_for.h"
 
 namespace vantrel::printer {
 namespace {
@@ -29,7 +30,7 @@ TEST_F(ScriptPrinter, UnplugsAndPlugsIn) {
 TEST_F(ScriptPrinter, PlugsInAfterTheFault) {
   Ask("fault vanish");
   console_.Write(kTransports);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return server_.DevicePath().empty(); }));
+  EXPECT_TRUE(support::WaitFor([this] { return server_.DevicePath().empty(); }));
   EXPECT_EQ(Ask("unplug"), "error it is unplugged already");
   const std::string answer = Ask("plug");
   EXPECT_EQ(answer, "ok " + server_.DevicePath());
@@ -51,7 +52,7 @@ TEST(ScriptOnSockets, CutsTheConsoleOffAndLetsNoneIn) {
   console.Write({0x02, 0x95, 0x03, 0x96});
   int changes = 0;
   QObject::connect(&server, &PrinterServer::Received, [&changes] { ++changes; });
-  ASSERT_TRUE(QTest::qWaitFor([&changes] { return changes > 0; }));
+  ASSERT_TRUE(support::WaitFor([&changes] { return changes > 0; }));
   script.Feed("unplug\n");
   EXPECT_EQ(console.Read(7).size(), 7U);
   EXPECT_TRUE(console.IsClosed());
@@ -170,7 +171,7 @@ TEST_F(ScriptPrinter, EndsWithTheStatusThatItIsTold) {
     EXPECT_EQ(Ask(bad), "error quit takes a status from 0 to 255, or nothing") << bad;
   EXPECT_EQ(Ask("quit 0"), "ok");
   EXPECT_EQ(script_.Status(), 0);
-  EXPECT_TRUE(QTest::qWaitFor([this] { return finished_ == 1; }));
+  EXPECT_TRUE(support::WaitFor([this] { return finished_ == 1; }));
   EXPECT_EQ(AskSoon("state"), "");
 }
 

@@ -2,6 +2,7 @@
 
 #include "printer/window/face_view.h"
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/wait_for.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -25,7 +26,7 @@ TEST_F(BufferPageTest, ShowsWhatTheNextPrintPutsOnTheCard) {
   // 43h, line 0 and byte 0: eight dots.
   console_.Write("02 43 30 2C 30 2C 46 46 03 40");
   auto* buffer = Find<FaceView>("BufferView");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return buffer->BlackDots() == 8; }));
+  ASSERT_TRUE(support::WaitFor([&] { return buffer->BlackDots() == 8; }));
   EXPECT_EQ(buffer->accessibleName(), "Print expansion buffer, 480 by 320 dots, 8 black");
   EXPECT_EQ(Label("LblBuffer"), "8 black dots: the next print puts them on the card.");
   EXPECT_EQ(Find<FaceView>("FaceView")->BlackDots(), 0);
@@ -36,7 +37,7 @@ TEST_F(BufferPageTest, ShowsRegisteredCharacters) {
   QByteArray frame = QByteArray("\x02\x44") + "1,5," + QByteArray(64, 'F') + "\x03\x43";
   console_.Write(frame.toHex(' ').constData());
   auto* list = Find<QListWidget>("LstRegistered");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return list->count() == 1; }));
+  ASSERT_TRUE(support::WaitFor([&] { return list->count() == 1; }));
   EXPECT_TRUE(list->isVisible());
   EXPECT_EQ(list->item(0)->text(), "44h, number 5\n16 × 16");
   EXPECT_EQ(Label("LblRegistered"), "Registered: 1.");
@@ -44,7 +45,7 @@ TEST_F(BufferPageTest, ShowsRegisteredCharacters) {
   EXPECT_EQ(icon.pixel(icon.width() / 2, icon.height() / 2), qRgb(0, 0, 0));
   // The power switch empties the registers.
   server_.SetPower(false);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return list->count() == 0; }));
+  EXPECT_TRUE(support::WaitFor([&] { return list->count() == 0; }));
 }
 
 TEST_F(BufferPageTest, ShowsWhatIsLoadedForATrack) {
@@ -53,7 +54,7 @@ TEST_F(BufferPageTest, ShowsWhatIsLoadedForATrack) {
   EXPECT_EQ(loaded->placeholderText(), "nothing is loaded");
   // 3Bh "AB", loaded for the first track.
   console_.Write("02 3B 41 42 03 3B");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return loaded->text() == "AB"; }));
+  EXPECT_TRUE(support::WaitFor([&] { return loaded->text() == "AB"; }));
 }
 
 }  // namespace

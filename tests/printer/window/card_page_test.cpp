@@ -3,6 +3,7 @@
 #include "printer/window/card_slot_view.h"
 #include "printer/window/track_box.h"
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/wait_for.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -68,7 +69,7 @@ TEST_F(CardPageTest, LeavesTheFocusAtThePictureWhileACardMoves) {
   server_.InsertCard();
   Focus("CmdPullOutCard");
   console_.Write("02 51 03 52");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return model_.IsWorking(); }));
+  ASSERT_TRUE(support::WaitFor([&] { return model_.IsWorking(); }));
   EXPECT_EQ(FocusName(), "CardSlotView");
   Press(Qt::Key_X);
   EXPECT_FALSE(Track(1)->Edit());
@@ -247,7 +248,7 @@ TEST_F(FrmPrinterDeck, HasItsCardsRemoved) {
 TEST_F(FrmPrinterDeck, IsNotAskedForWhenNothingWasDoneByHand) {
   server_.InsertCard();
   console_.Write("02 51 03 52");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblPlace") == "at the rear"; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Label("LblPlace") == "at the rear"; }));
   EXPECT_TRUE(form_.close());
 }
 

@@ -1,6 +1,7 @@
 #include "printer/window/fault_page.h"
 
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/wait_for.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -61,7 +62,7 @@ TEST_F(FaultPageTest, CountsDownWhatIsStillToGoWrong) {
   for (const char* left :
        {"Still to go wrong: reject for 2", "Still to go wrong: reject next", "No fault is set."}) {
     console_.Write("02 95 03 96");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Label("LblFault") == left; })) << left;
+    EXPECT_TRUE(support::WaitFor([&] { return Label("LblFault") == left; })) << left;
   }
 }
 
@@ -169,8 +170,8 @@ TEST_F(FaultPageTest, IsToldInTheLogsMeaningWhenItStrikes) {
   model_.AddFault(ParseFault("status 38"));
   console_.Write("02 21 03 22");
   const QAbstractItemModel* log = Find<QTableView>("TxtLog")->model();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return log->rowCount() > 0; }));
-  EXPECT_TRUE(QTest::qWaitFor([&] {
+  ASSERT_TRUE(support::WaitFor([&] { return log->rowCount() > 0; }));
+  EXPECT_TRUE(support::WaitFor([&] {
     return log->index(0, 4).data() == "21h first track read \u00B7 fault: status 38";
   })) << log->index(0, 4).data().toString().toStdString();
 }

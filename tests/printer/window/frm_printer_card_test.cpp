@@ -2,6 +2,7 @@
 
 #include "printer/window/face_view.h"
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/wait_for.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -36,7 +37,7 @@ class FrmPrinterCard : public support::PrinterFormBench {
     card.face.Set(1, 2, true);
     ASSERT_TRUE(model_.ChangeCard(card));
     // The model tells of it through its server.
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<FaceView>("FaceView")->Picture() == ADot(); }));
+    ASSERT_TRUE(support::WaitFor([&] { return Find<FaceView>("FaceView")->Picture() == ADot(); }));
   }
   static QImage ADot() {
     QImage picture(480, 320, QImage::Format_Mono);
@@ -53,7 +54,7 @@ TEST_F(FrmPrinterCard, ShowsEachDotAsASquareOfWholePixels) {
   PrintADot();
   form_.resize(2400, 1700);
   Find<QSplitter>("SplHalves")->setSizes({1200, 300});
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Find<FaceView>("FaceView")->Scale() > 1; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Find<FaceView>("FaceView")->Scale() > 1; }));
   auto* face = Find<FaceView>("FaceView");
   const int scale = static_cast<int>(face->Scale());
   const QImage shown = face->grab().toImage();
@@ -122,7 +123,7 @@ TEST_F(FrmPrinterCard, ZoomsTheFace) {
   }
   EXPECT_GT(scroll->horizontalScrollBar()->maximum(), 0);
   zoom->setCurrentIndex(0);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return face->width() <= scroll->width(); }));
+  EXPECT_TRUE(support::WaitFor([&] { return face->width() <= scroll->width(); }));
 }
 
 TEST_F(FrmPrinterCard, FitsTheStandingCard) {
@@ -256,7 +257,7 @@ TEST_F(FrmPrinterCard, ShowsTracksAndBuffersAsTextAndHex) {
   EXPECT_EQ(Find<QLineEdit>("TxtBuffer_1")->placeholderText(), "no card has passed");
   Click("CmdInsertCard");
   console_.Write("02 21 03 22");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Line("TxtBuffer_1") == "AB"; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Line("TxtBuffer_1") == "AB"; }));
   EXPECT_EQ(Line("TxtBufferHex_1"), "41 42");
   EXPECT_EQ(Find<QLineEdit>("TxtBuffer_2")->placeholderText(), "empty");
 }

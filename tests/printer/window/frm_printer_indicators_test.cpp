@@ -4,6 +4,7 @@
 #include "printer/window/indicator_sign.h"
 #include "printer/window/state_bar.h"
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/wait_for.h"
 
 #include <QCheckBox>
 #include <QColor>
@@ -37,7 +38,7 @@ TEST_F(FrmPrinterIndicators, AreInWords) {
   EXPECT_EQ(Label("LblLED"), "off");
   // Buzzer on, orange, three cycles.
   console_.Write("02 5A 31 33 34 03 6F");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblLED") == "3 cycles, orange"; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Label("LblLED") == "3 cycles, orange"; }));
   EXPECT_EQ(Label("LblBuzzer"), "on");
   EXPECT_TRUE(SignIsOn("SignBuzzer"));
 }
@@ -49,7 +50,7 @@ TEST_F(FrmPrinterIndicators, LetTheLedFlashAboveAndOnThePrinterAtOnce) {
   Pass(0ms);
   // Buzzer off, red, flashing.
   console_.Write("02 5A 30 32 32 03 69");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return SignIsOn("SignLED"); }));
+  ASSERT_TRUE(support::WaitFor([&] { return SignIsOn("SignLED"); }));
   EXPECT_TRUE(SlotShows(red));
   Pass(kHalfCycle);
   EXPECT_FALSE(SignIsOn("SignLED"));
@@ -66,7 +67,7 @@ TEST_F(FrmPrinterIndicators, SoundOncePerCycleUntilTheyRunOut) {
   Pass(0ms);
   // Buzzer one cycle, green, LED off.
   console_.Write("02 5A 33 31 30 03 6B");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return SignIsOn("SignBuzzer"); }));
+  ASSERT_TRUE(support::WaitFor([&] { return SignIsOn("SignBuzzer"); }));
   EXPECT_EQ(Label("LblBuzzer"), "1 cycle");
   Pass(2 * kHalfCycle);
   EXPECT_EQ(Label("LblBuzzer"), "off");
@@ -98,7 +99,7 @@ TEST_F(FrmPrinterIndicators, AreSilentWhileTheyAreMuted) {
 TEST_F(FrmPrinterIndicators, GoDarkWithThePower) {
   // Buzzer on, green, on.
   console_.Write("02 5A 31 31 31 03 68");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return SignIsOn("SignLED") && SignIsOn("SignBuzzer"); }));
+  ASSERT_TRUE(support::WaitFor([&] { return SignIsOn("SignLED") && SignIsOn("SignBuzzer"); }));
   server_.SetPower(false);
   EXPECT_FALSE(SignIsOn("SignLED"));
   EXPECT_FALSE(SignIsOn("SignBuzzer"));

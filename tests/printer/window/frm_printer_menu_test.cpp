@@ -3,6 +3,7 @@
 #include "dialogs/telling_guard.h"
 #include "printer/window/face_view.h"
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/wait_for.h"
 #include "tests/support/window_checks.h"
 
 #include <QAccessible>
@@ -122,7 +123,7 @@ TEST_F(FrmPrinterMenu, TellsTheFaceInDots) {
   Card card;
   for (int dot = 0; dot < 1024; ++dot) card.face.Set(dot % 480, dot / 480, true);
   ASSERT_TRUE(model_.ChangeCard(card));
-  EXPECT_TRUE(QTest::qWaitFor(
+  EXPECT_TRUE(support::WaitFor(
       [&] { return face->accessibleName() == "Card face, 480 by 320 dots, 1,024 black"; }));
 }
 
@@ -151,7 +152,7 @@ TEST_F(FrmPrinterMenu, SaysWhatToDoWhileNothingIsOnTheLine) {
   EXPECT_EQ(words->text().toStdString(),
             "Nothing on the line yet. A console opens " + server_.DevicePath() + ".");
   support::DeviceUser(server_.DevicePath()).Write("02 21 03 22");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !words->isVisible(); }));
+  EXPECT_TRUE(support::WaitFor([&] { return !words->isVisible(); }));
 }
 
 TEST_F(FrmPrinterMenu, ShowsEightWholeRowsAtFirst) {
@@ -207,7 +208,8 @@ TEST_F(FrmPrinterMenu, CopiesWhatIsSelectedOrElseTheLog) {
   Choose("Edit", "Copy");
   EXPECT_EQ(QApplication::clipboard()->text(), "STR");
   console_.Write("02 21 03 22");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QTableView>("TxtLog")->model()->rowCount() > 0; }));
+  ASSERT_TRUE(
+      support::WaitFor([&] { return Find<QTableView>("TxtLog")->model()->rowCount() > 0; }));
   track->deselect();
   Choose("Edit", "Copy");
   EXPECT_TRUE(QApplication::clipboard()->text().contains("02 21 03 22  21h first track read\n"));

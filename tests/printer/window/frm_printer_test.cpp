@@ -1,6 +1,7 @@
 #include "printer/window/frm_printer.h"
 
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/wait_for.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -72,11 +73,12 @@ TEST_F(FrmPrinterTest, RecordsWhatIsTypedAndNothingThatATrackCannotHold) {
 TEST_F(FrmPrinterTest, ShowsAWaitAndEndsItWithACard) {
   model_.SetTrack(0, "ABC");
   console_.Write("02 21 03 22");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblActivity") == "21h waits for a card"; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Label("LblActivity") == "21h waits for a card"; }));
   EXPECT_EQ(console_.Read(1), "06");
   Click("CmdInsertCard");
   // 02h 21h 20h "ABC" 03h and their block check.
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblActivity") == "Idle" && Log().size() == 3; }));
+  ASSERT_TRUE(
+      support::WaitFor([&] { return Label("LblActivity") == "Idle" && Log().size() == 3; }));
   EXPECT_EQ(console_.Read(8), "02 21 20 41 42 43 03 42");
   EXPECT_EQ(Label("LblPlace"), "inside");
   EXPECT_EQ(Label("LblTransportCount"), "1");
@@ -91,16 +93,16 @@ TEST_F(FrmPrinterTest, ServesWorkThatTakesTime) {
   model_.SetInstantWork(false);
   Click("CmdInsertCard");
   console_.Write("02 51 03 52");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblActivity") == "51h is at work"; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Label("LblActivity") == "51h is at work"; }));
   EXPECT_FALSE(Find<QPushButton>("CmdPullOutCard")->isEnabled());
   Pass(400ms);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return Label("LblPlace") == "at the rear"; }));
+  ASSERT_TRUE(support::WaitFor([&] { return Label("LblPlace") == "at the rear"; }));
   EXPECT_EQ(console_.Read(6), "06 02 51 20 03 72");
 }
 
 TEST_F(FrmPrinterTest, EndsExclusiveUseByItself) {
   ASSERT_EQ(ioctl(console_.Descriptor(), TIOCEXCL), 0);
-  EXPECT_TRUE(QTest::qWaitFor([&] {
+  EXPECT_TRUE(support::WaitFor([&] {
     int exclusive = 1;
     return ioctl(console_.Descriptor(), TIOCGEXCL, &exclusive) == 0 && exclusive == 0;
   }));

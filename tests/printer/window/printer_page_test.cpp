@@ -2,6 +2,7 @@
 
 #include "tests/support/installed_fonts.h"
 #include "tests/support/printer_form_bench.h"
+#include "tests/support/wait_for.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -36,7 +37,7 @@ TEST_F(PrinterPageTest, ChoosesTheSeries) {
   EXPECT_EQ(model_.State().series, Series::kQl8);
   // 31h "1" writes the first track, which a QL-8 does not.
   console_.Write("02 31 31 03 03");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return console_.ReadNow() == "10"; }));
+  ASSERT_TRUE(support::WaitFor([&] { return console_.ReadNow() == "10"; }));
   Click("OptSeries_0");
   EXPECT_EQ(model_.State().series, Series::kQl7);
 }
