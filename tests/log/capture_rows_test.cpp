@@ -3,6 +3,7 @@
 #include "log/capture_rows.h"
 
 #include "log/row_alignment.h"
+#include "tests/log/log_rows.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +18,6 @@ namespace vantrel::log {
 namespace {
 
 using namespace std::chrono_literals;
-using protocol::Direction;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -29,20 +29,6 @@ const std::string k22 = "\x02\x22\x03\x21";
 const std::string k23 = "\x02\x23\x03\x20";
 const std::string kReply21 = "\x02\x21\x20\x41\x03\x43";
 const std::string kOther21 = "\x02\x21\x31\x03\x13";
-
-LogEntry Row(std::chrono::milliseconds time, Direction direction, const std::string& bytes) {
-  LogEntry row;
-  row.time = WallTime(1795266005s + time);
-  row.direction = direction;
-  row.bytes = bytes;
-  return row;
-}
-LogEntry To(std::chrono::milliseconds time, const std::string& bytes) {
-  return Row(time, Direction::kFromConsole, bytes);
-}
-LogEntry From(std::chrono::milliseconds time, const std::string& bytes) {
-  return Row(time, Direction::kFromPrinter, bytes);
-}
 
 CaptureRows RowsOf(std::vector<LogEntry> entries) {
   CaptureRows rows;

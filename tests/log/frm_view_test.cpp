@@ -3,6 +3,8 @@
 #include "log/frm_view.h"
 
 #include "log/capture_writer.h"
+#include "tests/log/log_rows.h"
+#include "tests/support/wait_for.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -37,14 +39,6 @@ const std::string k22 = "\x02\x22\x03\x21";
 const std::string kReply21 = "\x02\x21\x20\x41\x03\x43";
 const std::string kReply21WithB = "\x02\x21\x20\x42\x03\x40";
 
-LogEntry Row(std::chrono::milliseconds time, Direction direction, const std::string& bytes) {
-  LogEntry row;
-  row.time = WallTime(1795266005s + time);
-  row.direction = direction;
-  row.bytes = bytes;
-  return row;
-}
-
 std::vector<LogEntry> Read21(const std::string& reply) {
   return {Row(0ms, Direction::kFromConsole, k21), Row(2ms, Direction::kFromPrinter, "\x06"),
           Row(2500ms, Direction::kFromPrinter, reply)};
@@ -72,7 +66,7 @@ class FrmViewTest : public testing::Test {
 
   QTableView* Table() const { return form_->findChild<QTableView*>("TxtView"); }
   bool HasRows(int count) const {
-    return QTest::qWaitFor([&] { return Table()->model()->rowCount() == count; });
+    return support::WaitFor([&] { return Table()->model()->rowCount() == count; });
   }
   QString Cell(int row, int column) const {
     return Table()->model()->index(row, column).data().toString();
@@ -116,7 +110,7 @@ TEST_F(FrmViewTest, ShowsRowsWithTheTimeThatTheyTook) {
   EXPECT_FALSE(IsBold(1, kTook));
   EXPECT_EQ(Cell(2, kTook), "+2.498 s wait");
   EXPECT_EQ(Cell(2, kHex), "02 21 20 41 03 43");
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView") == "3 lines"; }));
+  EXPECT_TRUE(support::WaitFor([this] { return Text("LblView") == "3 lines"; }));
 }
 
 TEST_F(FrmViewTest, FollowsAFileThatGrowsAndOneThatIsReplaced) {
@@ -161,7 +155,7 @@ TEST_F(FrmViewTest, SetsTwoCapturesSideBySide) {
   Write("b.pcapng", Read21(kReply21WithB));
   Show({"a.pcapng", "b.pcapng"});
   ASSERT_TRUE(
-      QTest::qWaitFor([this] { return Text("LblView") == "4 lines \u00B7 2 lines differ"; }));
+      support::WaitFor([this] { return Text("LblView") == "4 lines \u00B7 2 lines differ"; }));
   EXPECT_EQ(Cell(0, kMeaning), Cell(0, kRight + kMeaning));
   EXPECT_EQ(Cell(0, kDifference), "");
   EXPECT_EQ(Cell(2, kDifference), "\u2260 differs");
@@ -184,7 +178,7 @@ TEST_F(FrmViewTest, GoesFromDifferenceToDifference) {
   Write("b.pcapng", Read21(kReply21WithB));
   Show({"a.pcapng", "b.pcapng"});
   ASSERT_TRUE(
-      QTest::qWaitFor([this] { return Text("LblView") == "4 lines \u00B7 2 lines differ"; }));
+      support::WaitFor([this] { return Text("LblView") == "4 lines \u00B7 2 lines differ"; }));
   const auto row = [this] { return Table()->currentIndex().row(); };
   Table()->selectRow(0);
   QTest::keyClick(form_.get(), Qt::Key_F8);
@@ -209,7 +203,7 @@ TEST_F(FrmViewTest, OpensADroppedFile) {
   Show({"a.pcapng", "a.pcapng"});
   ASSERT_TRUE(HasRows(3));
   Drop(PathOf("b.pcapng"), {form_->width() - 1.0, 1});
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView").endsWith("4 lines differ"); }));
+  EXPECT_TRUE(support::WaitFor([this] { return Text("LblView").endsWith("4 lines differ"); }));
   EXPECT_TRUE(form_->windowTitle().endsWith("b.pcapng"));
 }
 
@@ -222,7 +216,7 @@ TEST_F(FrmViewTest, OpensADroppedFileWhileItAligns) {
   Show({"a.pcapng", "b.pcapng"});
   ASSERT_TRUE(HasRows(20000));
   Drop(PathOf("c.pcapng"), {form_->width() - 1.0, 1});
-  EXPECT_TRUE(QTest::qWaitFor(
+  EXPECT_TRUE(support::WaitFor(
       [this] { return Text("LblView") == "20,000 lines \u00B7 19,999 lines differ"; }));
   EXPECT_EQ(Cell(0, kRight + kMeaning), "21h first track read");
 }
@@ -233,9 +227,9 @@ TEST_F(FrmViewTest, TellsWhatCannotBeRead) {
   ASSERT_TRUE(file.resize(file.size() - 3));
   Show({"a.pcapng"});
   EXPECT_TRUE(HasRows(2));
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView").contains("ends within"); }));
+  EXPECT_TRUE(support::WaitFor([this] { return Text("LblView").contains("ends within"); }));
   Show({"is-not-there.pcapng"});
-  EXPECT_TRUE(QTest::qWaitFor([this] { return Text("LblView").contains("cannot be read"); }));
+  EXPECT_TRUE(support::WaitFor([this] { return Text("LblView").contains("cannot be read"); }));
 }
 
 // Counts how often a widget is shown.
@@ -259,7 +253,7 @@ TEST_F(FrmViewTest, ShowsHowFarItIsWhereReadingTakesLong) {
     auto* bar = form_->findChild<QProgressBar*>("PrgView");
     const ShowCount shown(bar);
     ASSERT_TRUE(HasRows(50000));
-    EXPECT_TRUE(QTest::qWaitFor([bar] { return bar->isHidden(); }));
+    EXPECT_TRUE(support::WaitFor([bar] { return bar->isHidden(); }));
     EXPECT_EQ(shown.count, patience == 0ms ? 1 : 0);
   }
 }
@@ -282,7 +276,7 @@ TEST_F(FrmViewTest, SaysWhereItGoesOnExchangeByExchange) {
   Write("a.pcapng", left);
   Write("b.pcapng", right);
   Show({"a.pcapng", "b.pcapng"});
-  EXPECT_TRUE(QTest::qWaitFor(
+  EXPECT_TRUE(support::WaitFor(
       [this] { return Text("LblView").contains("differ so much that part of them stands"); }));
 }
 

@@ -2,6 +2,8 @@
 
 #include "log/playback.h"
 
+#include "tests/log/log_rows.h"
+
 #include <gtest/gtest.h>
 
 #include <gmock/gmock.h>
@@ -14,7 +16,6 @@ namespace vantrel::log {
 namespace {
 
 using namespace std::chrono_literals;
-using protocol::Direction;
 using protocol::Moment;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -30,14 +31,6 @@ const std::string kReply22 = "\x02\x22\x20\x03\x01";
 const std::string kAcknowledge = "\x06";
 const std::string kResend = "\x15";
 const std::string kReject = "\x10";
-
-// A row so many milliseconds after some moment of the calendar.
-LogEntry To(std::chrono::milliseconds time, const std::string& bytes) {
-  return {WallTime(1795266005s + time), Direction::kFromConsole, bytes, {}};
-}
-LogEntry From(std::chrono::milliseconds time, const std::string& bytes) {
-  return {WallTime(1795266005s + time), Direction::kFromPrinter, bytes, {}};
-}
 
 // Plays rows back and keeps what was sent and when.
 class Player {

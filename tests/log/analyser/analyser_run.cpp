@@ -17,26 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Little(std::uint32_t number, int bytes) {
-  std::string text;
-  for (int i = 0; i < bytes; ++i) text += static_cast<char>(number >> (8 * i) & 0xFF);
-  return text;
-}
-
-std::string Big(std::uint32_t number) {
-  const std::string little = Little(number, 4);
-  return {little.rbegin(), little.rend()};
-}
-
-std::string Padded(std::string text) {
-  while (text.size() % 4 != 0) text += '\0';
-  return text;
-}
-
-std::string Option(std::uint32_t code, std::string_view value) {
-  return Little(code, 2) + Little(static_cast<std::uint32_t>(value.size()), 2) +
-         Padded(std::string(value));
-}
+constexpr std::uint64_t kStart = 1795266005;  // 2026-11-21 13:00:05
 
 std::string FileText(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);
@@ -45,34 +26,25 @@ std::string FileText(const fs::path& path) {
 
 }  // namespace
 
-CaptureBytes::CaptureBytes() {
-  AddBlock(0x0A0D0D0A,
-           Little(0x1A2B3C4D, 4) + Little(1, 2) + Little(0, 2) + std::string(8, '\xFF'));
-}
+WrittenCapture::WrittenCapture() : bytes_(make_.Section()) {}
 
-void CaptureBytes::AddInterface(std::uint16_t link_type, std::string_view description) {
+void WrittenCapture::AddInterface(std::uint16_t link_type, std::string_view description) {
   // Options: name, description, times in microseconds.
-  AddBlock(1, Little(link_type, 2) + Little(0, 2) + Little(0, 4) + Option(2, "/dev/pts/7") +
-                  Option(3, description) + Option(9, "\x06") + Option(0, ""));
+  bytes_ += make_.Interface(link_type, make_.Option(2, "/dev/pts/7") +
+                                           make_.Option(3, std::string(description)) +
+                                           make_.Option(9, "\x06") + make_.Option(0, ""));
 }
 
-void CaptureBytes::AddPacket(std::uint32_t interface, std::uint8_t event, std::string_view bytes) {
-  AddBare(interface, Big(1795266005) + Big(packets_) + static_cast<char>(event) +
-                         std::string(3, '\0') + std::string(bytes));
+void WrittenCapture::AddPacket(std::uint32_t interface, std::uint8_t event,
+                               std::string_view bytes) {
+  // The header is big-endian in every file.
+  const CaptureBytes header(true);
+  AddBare(interface, header.Number(kStart, 4) + header.Number(packets_, 4) +
+                         header.Number(event, 1) + std::string(3, '\0') + std::string(bytes));
 }
 
-void CaptureBytes::AddBare(std::uint32_t interface, std::string_view bytes) {
-  // 1795266005 seconds (2026-11-21 13:00:05) in microseconds, and one more a packet.
-  const std::uint64_t time = 1795266005000000ULL + packets_++;
-  const auto length = static_cast<std::uint32_t>(bytes.size());
-  AddBlock(6, Little(interface, 4) + Little(static_cast<std::uint32_t>(time >> 32), 4) +
-                  Little(static_cast<std::uint32_t>(time & 0xFFFFFFFF), 4) + Little(length, 4) +
-                  Little(length, 4) + Padded(std::string(bytes)));
-}
-
-void CaptureBytes::AddBlock(std::uint32_t type, std::string body) {
-  const std::string length = Little(static_cast<std::uint32_t>(body.size() + 12), 4);
-  bytes_ += Little(type, 4) + length + std::move(body) + length;
+void WrittenCapture::AddBare(std::uint32_t interface, std::string_view bytes) {
+  bytes_ += make_.Packet(interface, kStart * 1000000 + packets_++, std::string(bytes));
 }
 
 AnalyserHome::AnalyserHome() : folder_(fs::path(testing::TempDir()) / "analyser-test-XXXXXX") {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/log/capture_bytes.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -7,10 +9,11 @@
 
 namespace vantrel::log {
 
-// A capture file that is written block by block, every byte by hand.
-class CaptureBytes {
+// A capture file that is written block by block, every byte by hand; its times begin at 2026-11-21
+// 13:00:05 and grow by a microsecond a packet.
+class WrittenCapture {
  public:
-  CaptureBytes();
+  WrittenCapture();
   // Adds an interface; the first one has the number 0.
   void AddInterface(std::uint16_t link_type, std::string_view description);
   // Adds a packet: header of link type 250 with the event, and the bytes.
@@ -20,8 +23,7 @@ class CaptureBytes {
   const std::string& Bytes() const { return bytes_; }
 
  private:
-  void AddBlock(std::uint32_t type, std::string body);
-
+  CaptureBytes make_;
   std::string bytes_;
   std::uint32_t packets_ = 0;
 };

@@ -27,14 +27,14 @@ constexpr const char* kFields =
     " -e cardprinter.status -e cardprinter.data -e cardprinter.check -e cardprinter.check.good"
     " -e _ws.expert.message -e cardprinter.meaning";
 
-CaptureBytes OurCapture() {
-  CaptureBytes capture;
+WrittenCapture OurCapture() {
+  WrittenCapture capture;
   capture.AddInterface(kRtac, kOurs);
   return capture;
 }
 
 TEST(AnalyserTest, TellsTheFieldsOfEveryKindOfRow) {
-  CaptureBytes capture = OurCapture();
+  WrittenCapture capture = OurCapture();
   capture.AddPacket(0, kToPrinter, "\x02\x21\x03\x22");
   capture.AddPacket(0, kFromPrinter, "\x06");
   capture.AddPacket(0, kFromPrinter, "\x02\x21\x20\x41\x22\x42\\\x03\x7F");
@@ -70,7 +70,7 @@ TEST(AnalyserTest, TellsTheFieldsOfEveryKindOfRow) {
 }
 
 TEST(AnalyserTest, TellsARowInTheInfoColumnAndPrintsNothing) {
-  CaptureBytes capture = OurCapture();
+  WrittenCapture capture = OurCapture();
   capture.AddPacket(0, kToPrinter, "\x02\x21\x03\x22");
   capture.AddPacket(0, kFromPrinter, "\x06");
   capture.AddPacket(0, kToPrinter, "\x02\x46\x31\x03\x74");
@@ -85,7 +85,7 @@ TEST(AnalyserTest, TellsARowInTheInfoColumnAndPrintsNothing) {
 }
 
 TEST(AnalyserTest, LeavesOtherPacketsAlone) {
-  CaptureBytes capture;
+  WrittenCapture capture;
   capture.AddInterface(kRtac, "a line of others");
   capture.AddInterface(kRtac, kOurs);
   capture.AddInterface(147, kOurs);
@@ -104,7 +104,7 @@ TEST(AnalyserTest, LeavesOtherPacketsAlone) {
 }
 
 TEST(AnalyserTest, DecodesOthersPacketsWhereTheUserSaysSo) {
-  CaptureBytes capture;
+  WrittenCapture capture;
   capture.AddInterface(kRtac, "a line of others");
   capture.AddInterface(kRtac, kOurs);
   capture.AddPacket(0, kToPrinter, "\x02\x21\x03\x22");
@@ -135,7 +135,7 @@ std::string FrameOf(const std::string& content) {
 
 // Where the plugin is to read as the log does, both say the same of every code and status.
 TEST(AnalyserTest, ReadsEveryCommandAndStatusAsTheLogDoes) {
-  CaptureBytes capture = OurCapture();
+  WrittenCapture capture = OurCapture();
   std::vector<std::string> meanings;
   const auto add = [&](std::uint8_t event, const std::string& bytes) {
     capture.AddPacket(0, event, bytes);

@@ -4,6 +4,7 @@
 #include "tests/log/analyser/analyser_run.h"
 #include "tests/printer/program/printer_program.h"
 #include "tests/support/device_user.h"
+#include "tests/support/wait_for.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -64,7 +65,7 @@ class PrinterAnalyser : public PrinterProgram {
     exchange("02 95 03 96", "06 02 95 20 31 03 87");
     console.Write("02 35 41");
     // Its silence completes it.
-    EXPECT_TRUE(QTest::qWaitFor([this] {
+    EXPECT_TRUE(support::WaitFor([this] {
       std::vector<std::string> damage;
       return log::ReadCapture(Path().toStdString(), damage).size() == 28;
     }));
@@ -156,7 +157,7 @@ TEST_F(PrinterAnalyser, AcceptsTheFileAndMergesItWithATraceOfANetwork) {
       " Description = vantrel card printer line",
       " Speed = 9600"};
   EXPECT_THAT(info, testing::IsSupersetOf(told));
-  log::CaptureBytes network;
+  log::WrittenCapture network;
   network.AddInterface(1, "a network");
   network.AddBare(0, "\xFF\xFF\xFF\xFF\xFF\xFF" + std::string(6, '\x01') + "\x88\xB5 and more");
   home_.Write("network.pcapng", network.Bytes());
@@ -186,7 +187,7 @@ TEST_F(PrinterAnalyser, ReadsAPipeLive) {
   analyser.setProcessEnvironment(environment);
   analyser.start("tshark", {"-l", "-i", Path(), "-T", "fields", "-e", "cardprinter.meaning"});
   const auto next = [&analyser] {
-    EXPECT_TRUE(QTest::qWaitFor([&analyser] { return analyser.canReadLine(); }, 30000));
+    EXPECT_TRUE(support::WaitFor([&analyser] { return analyser.canReadLine(); }));
     return analyser.readLine().trimmed().toStdString();
   };
   console.Write("02 95 03 96");

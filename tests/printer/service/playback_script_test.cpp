@@ -3,7 +3,9 @@
 #include "log/playback_server.h"
 #include "printer/line/pseudo_terminal.h"
 #include "printer/service/printer_script.h"
+#include "tests/log/log_rows.h"
 #include "tests/support/device_user.h"
+#include "tests/support/wait_for.h"
 
 #include <QTest>
 #include <gtest/gtest.h>
@@ -18,17 +20,10 @@ namespace vantrel::printer {
 namespace {
 
 using namespace std::chrono_literals;
+using log::Row;
 using protocol::Direction;
 using testing::ElementsAre;
 using testing::StartsWith;
-
-log::LogEntry Row(std::chrono::milliseconds time, Direction direction, const std::string& bytes) {
-  log::LogEntry row;
-  row.time = log::WallTime(1795266005s + time);
-  row.direction = direction;
-  row.bytes = bytes;
-  return row;
-}
 
 // 21h, answered with 06h and a reply, then 46h with "0", answered with 06h and a reply.
 std::vector<log::LogEntry> Capture() {
@@ -49,7 +44,7 @@ class PlaybackScriptTest : public testing::Test {
   }
 
   bool HasAnswers(std::size_t count) {
-    return QTest::qWaitFor([&] { return answers_.size() == count; });
+    return support::WaitFor([&] { return answers_.size() == count; });
   }
 
   // Waits until so many bytes have gone to the console, and reads them.
@@ -62,7 +57,7 @@ class PlaybackScriptTest : public testing::Test {
       }
       return bytes;
     };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return sent() >= count; }));
+    EXPECT_TRUE(support::WaitFor([&] { return sent() >= count; }));
     seen_ = recorder_.Log().End();
     return console_.Read(static_cast<std::size_t>(count));
   }
