@@ -20,6 +20,9 @@ AttendedPrinter::AttendedPrinter(const printer::PrinterServer::LineMaker& make_l
 }
 
 void AttendedPrinter::LendAHand() {
+  // A hand is slower than a line. The reply would otherwise reach the console while it deals with
+  // the 06h, and what comes between its read and its discard is lost.
+  if (!server_.IsTaken()) return;
   if (model_.State().wait == printer::CardWait::kRemoval) server_.PullOutCard();
   if (model_.State().wait != printer::CardWait::kInsertion) return;
   server_.PullOutCard();

@@ -42,9 +42,11 @@ class SoftwarePrinterTest : public support::ConsoleTest {
     dialogs_.Types(choice);
     PressWell("Cmd31");
   }
-  // Runs `act` while a command waits for a card.
+  // Runs `act` while a command waits for a card, once the console has dealt with its 06h: what
+  // comes while it does is lost.
   void OnceItWaitsForACard(std::function<void()> act) {
-    Once([this] { return model_.State().wait != printer::CardWait::kNone; }, std::move(act));
+    Once([this] { return model_.State().wait != printer::CardWait::kNone && server_.IsTaken(); },
+         std::move(act));
   }
   int BlackDots() const { return support::BlackDots(model_.State().card.face); }
 
