@@ -200,6 +200,68 @@ std::uint8_t CodeOf(std::string text) {
   return link::BytesOf(text).front();
 }
 
+std::string Byte(unsigned value) { return link::HexOf(static_cast<std::uint8_t>(value)) + "h"; }
+
+std::string Noise(const Fault& fault) { return "the noise " + link::HexTextOf(fault.bytes); }
+
+std::string Milliseconds(const Fault& fault) { return std::to_string(fault.value) + " ms"; }
+
+// What is wrong with the block check.
+std::string BadCheckInWords(unsigned check) {
+  switch (check) {
+    case Fault::kZero:
+      return "the reply goes with the block check 00h, FFh where 00h is good";
+    case Fault::kOthers:
+      return "the reply goes with the block check of other bytes: with STX, without ETX";
+    default:
+      return "the reply goes with each bit of its block check turned";
+  }
+}
+
+// What a fault does to the command that it strikes.
+std::string DeedInWords(const Fault& fault) {
+  switch (fault.kind) {
+    case Kind::kStatus:
+      return "status " + Byte(fault.value) + " answers in place of the work";
+    case Kind::kSilence:
+      return "the command is left undone and unanswered";
+    case Kind::kMute:
+      return "the work is done and not answered";
+    case Kind::kDelay:
+      return "the reply is kept back for " + Milliseconds(fault);
+    case Kind::kLate:
+      return "the reply is kept back until " + Milliseconds(fault) +
+             " after the console has given it up";
+    case Kind::kBadCheck:
+      return BadCheckInWords(fault.value);
+    case Kind::kWrongEcho:
+      return "the reply goes with the highest bit of its code turned";
+    case Kind::kTruncate:
+      return "the reply goes without its last two bytes";
+    case Kind::kDrop:
+      return "the answer goes without its byte " + std::to_string(fault.value);
+    case Kind::kExtra:
+      return Noise(fault) + " follows the answer";
+    case Kind::kResend:
+      return "15h asks for the frame again";
+    case Kind::kReject:
+      return "10h answers and the command is left undone";
+    case Kind::kUnknownControl:
+      return Byte(fault.value) + " alone answers and the command is left undone";
+    case Kind::kNoise:
+      return Noise(fault) + " goes before the answer";
+    case Kind::kSplit:
+      return "the answer goes byte by byte, " + Milliseconds(fault) + " apart";
+    case Kind::kJoin:
+      return "the answer is kept back for the next one";
+    case Kind::kVanish:
+      return "the device goes and the command is left undone";
+    case Kind::kRandom:
+      break;
+  }
+  return "something is done at random";
+}
+
 // Which commands and how often, from the words after the value.
 class Clauses {
  public:
@@ -288,6 +350,10 @@ std::string KindTextOf(const Fault& fault) {
       break;
   }
   return text;
+}
+
+std::string StruckInWords(const Fault& fault) {
+  return KindTextOf(fault) + " (" + DeedInWords(fault) + ")";
 }
 
 std::string TextOf(const Fault& fault) {

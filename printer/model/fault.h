@@ -109,5 +109,8 @@ Fault ParseFault(std::string_view text);
 std::string TextOf(const Fault& fault);
 // The kind and its value alone: "status 38".
 std::string KindTextOf(const Fault& fault);
+// The same and, in brackets, what it does to the command that it strikes: "status 38 (status 38h
+// answers in place of the work)". Not for kRandom: of that one, one of its choices strikes.
+std::string StruckInWords(const Fault& fault);
 
 }  // namespace vantrel::printer

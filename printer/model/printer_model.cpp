@@ -305,7 +305,7 @@ Strikes PrinterModel::StrikesOn(const protocol::Arrival& arrival) {
   const auto code = arrival.content.empty() ? std::nullopt : std::optional(arrival.content.front());
   Strikes strikes = faults_.Strike(code);
   for (const Fault& fault : strikes.All()) {
-    if (strike_) strike_(KindTextOf(fault));
+    if (strike_) strike_(StruckInWords(fault));
   }
   return strikes;
 }

@@ -62,7 +62,8 @@ class PrinterModel {
       std::function<void(std::span<const std::uint8_t> bytes, protocol::Moment when)> listener) {
     hear_ = std::move(listener);
   }
-  // Called, right after a frame was heard, with each fault that strikes it, "status 38".
+  // Called, right after a frame was heard, with each fault that strikes it and what that does, see
+  // StruckInWords.
   void OnStrike(std::function<void(const std::string& fault)> listener) {
     strike_ = std::move(listener);
   }

@@ -70,7 +70,7 @@ class PrinterServer : public QObject {
   void DeviceChanged();
   // An answer to a command has left whole; see PrinterModel::OnAnswered. Comes after Sent.
   void Answered(const vantrel::printer::Answered& answer);
-  // A fault, "status 38", strikes the frame that was received last.
+  // A fault strikes the frame that was received last; told with what it does, see StruckInWords.
   void Struck(const QString& fault);
   // There is something else to remark on the frame that was received last.
   void Remarked(const QString& remark);

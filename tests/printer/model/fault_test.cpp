@@ -51,6 +51,41 @@ TEST(Fault, OfTheLaterKindsIsReadFromItsText) {
   EXPECT_EQ(ParseFault("extra 0a0B").bytes, (link::Bytes{0x0A, 0x0B}));
 }
 
+// What it does to the command is told behind its text, each kind by words of its own.
+TEST(Fault, TellsWhatItDoes) {
+  struct Case {
+    const char* text;
+    const char* words;
+  };
+  for (const Case& row : {
+           Case{"status 3a on 21", "status 3A (status 3Ah answers in place of the work)"},
+           {"silence for 3", "silence (the command is left undone and unanswered)"},
+           {"mute", "mute (the work is done and not answered)"},
+           {"delay 2000", "delay 2000 (the reply is kept back for 2000 ms)"},
+           {"late",
+            "late 1000 (the reply is kept back until 1000 ms after the console has given it up)"},
+           {"bad-bcc", "bad-bcc (the reply goes with each bit of its block check turned)"},
+           {"bad-bcc zero",
+            "bad-bcc zero (the reply goes with the block check 00h, FFh where 00h is good)"},
+           {"bad-bcc others",
+            "bad-bcc others (the reply goes with the block check of other bytes: with STX, without "
+            "ETX)"},
+           {"wrong-echo", "wrong-echo (the reply goes with the highest bit of its code turned)"},
+           {"truncate", "truncate (the reply goes without its last two bytes)"},
+           {"drop 3", "drop 3 (the answer goes without its byte 3)"},
+           {"extra 0A0B", "extra 0A0B (the noise 0A0B follows the answer)"},
+           {"resend 2", "resend 2 (15h asks for the frame again)"},
+           {"reject", "reject (10h answers and the command is left undone)"},
+           {"unknown-control 55",
+            "unknown-control 55 (55h alone answers and the command is left undone)"},
+           {"noise FF00", "noise FF00 (the noise FF00 goes before the answer)"},
+           {"split 5", "split 5 (the answer goes byte by byte, 5 ms apart)"},
+           {"join", "join (the answer is kept back for the next one)"},
+           {"vanish", "vanish (the device goes and the command is left undone)"},
+       })
+    EXPECT_EQ(StruckInWords(ParseFault(row.text)), row.words);
+}
+
 TEST(Fault, IsAimedAndCounted) {
   Fault aimed = Make(Kind::kSilence);
   aimed.code = 0x5F;

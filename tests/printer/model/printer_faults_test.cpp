@@ -252,8 +252,10 @@ TEST_F(Faults, AreToldRightAfterTheFrameThatTheyStrike) {
   bench_.model.AddFault(ParseFault("noise FF"));
   // Four frames and a part of one at once, the first with a bad block check.
   bench_.Send("41 02 95 03 97 02 95 03 96 02 96 03 95 02 95 03 96 02");
-  EXPECT_EQ(told, (std::vector<std::string>{"4102950397", "02950396", "status 22", "noise FF",
-                                            "02960395", "02950396", "status 22", "02"}));
+  const std::string status = "status 22 (status 22h answers in place of the work)";
+  EXPECT_EQ(told, (std::vector<std::string>{"4102950397", "02950396", status,
+                                            "noise FF (the noise FF goes before the answer)",
+                                            "02960395", "02950396", status, "02"}));
 }
 
 TEST_F(Faults, SuppressTheAnswerThatIsTold) {

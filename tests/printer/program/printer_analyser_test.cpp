@@ -89,25 +89,35 @@ TEST_F(PrinterAnalyser, ReadsEveryField) {
           "bad block check 97h instead of 96h: 95h card transport count request|"
           "bad block check 97h instead of 96h: 95h card transport count request",
           "0x02|0x00000001||control|||||||15h resend|15h resend",
-          "0x01|0x00000002|fault: status 22|frame|0x95|||0x96|1|fault: status 22|95h card "
+          "0x01|0x00000002|fault: status 22 (status 22h answers in place of the work)|"
+          "frame|0x95|||0x96|1|fault: status 22 (status 22h answers in place of the work)|"
+          "95h card "
           "transport count request|"
           "95h card transport count request",
           "0x02|0x00000001||control|||||||06h acknowledge|06h acknowledge",
           "0x02|0x00000001||frame|0x95|0x22||0xb4|1||reply 95h: 22h no targeted Card|"
           "reply 95h: 22h no targeted Card",
-          "0x01|0x00000002|fault: bad-bcc zero|frame|0x95|||0x96|1|fault: bad-bcc zero|"
+          "0x01|0x00000002|fault: bad-bcc zero (the reply goes with the block check 00h, FFh where "
+          "00h is good)|"
+          "frame|0x95|||0x96|1|fault: bad-bcc zero (the reply goes with the block check 00h, FFh "
+          "where 00h is good)|"
+          ""
           "95h card transport count request|95h card transport count request",
           "0x02|0x00000001||control|||||||06h acknowledge|06h acknowledge",
           "0x02|0x00000001||frame|0x95|0x20|31|0x00|0|Bad block check|"
           "bad block check 00h instead of 87h: reply 95h: 20h normal status, \"1\"|"
           "bad block check 00h instead of 87h: reply 95h: 20h normal status, \"1\"",
-          "0x01|0x00000002|fault: noise FF00|frame|0x95|||0x96|1|fault: noise FF00|"
+          "0x01|0x00000002|fault: noise FF00 (the noise FF00 goes before the answer)|"
+          "frame|0x95|||0x96|1|fault: noise FF00 (the noise FF00 goes before the answer)|"
+          ""
           "95h card transport count request|95h card transport count request",
           "0x02|0x00000001||bytes|||||||noise, 2 bytes|noise, 2 bytes",
           "0x02|0x00000001||control|||||||06h acknowledge|06h acknowledge",
           "0x02|0x00000001||frame|0x95|0x20|31|0x87|1||reply 95h: 20h normal status, \"1\"|"
           "reply 95h: 20h normal status, \"1\"",
-          "0x01|0x00000002|fault: reject|frame|0x95|||0x96|1|fault: reject|95h card transport "
+          "0x01|0x00000002|fault: reject (10h answers and the command is left undone)|"
+          "frame|0x95|||0x96|1|fault: reject (10h answers and the command is left undone)|"
+          "95h card transport "
           "count request|"
           "95h card transport count request",
           "0x02|0x00000001||control|||||||10h reject|10h reject",
@@ -118,7 +128,9 @@ TEST_F(PrinterAnalyser, ReadsEveryField) {
           "0x02|0x00000001||control|||||||06h acknowledge|06h acknowledge",
           "0x02|0x00000001||frame|0x41|0x20||0x62|1||reply 41h: 20h normal status|"
           "reply 41h: 20h normal status",
-          "0x01|0x00000002|fault: truncate|frame|0x95|||0x96|1|fault: truncate|95h card transport "
+          "0x01|0x00000002|fault: truncate (the reply goes without its last two bytes)|"
+          "frame|0x95|||0x96|1|fault: truncate (the reply goes without its last two bytes)|"
+          "95h card transport "
           "count request|"
           "95h card transport count request",
           "0x02|0x00000001||control|||||||06h acknowledge|06h acknowledge",

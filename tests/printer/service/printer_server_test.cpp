@@ -92,9 +92,11 @@ TEST_F(PrinterServerTest, TellsOfAnswersAndFaults) {
   model_.ReplaceFaults(ParseFault("status 38"));
   console.Write("02 95 03 96");
   EXPECT_TRUE(support::WaitFor([&told] { return told.size() >= 4; }));
-  EXPECT_EQ(told, QStringList({"received", "struck: status 38", "sent",
-                               "answered 029538"
-                               "03AE"}));
+  EXPECT_EQ(told,
+            QStringList({"received", "struck: status 38 (status 38h answers in place of the work)",
+                         "sent",
+                         "answered 029538"
+                         "03AE"}));
 }
 
 TEST_F(PrinterServerTest, HasAFaultAsACommentOfTheCommandThatMetIt) {
@@ -114,7 +116,11 @@ TEST_F(PrinterServerTest, HasAFaultAsACommentOfTheCommandThatMetIt) {
     }
     return comments.size() == 3;
   }));
-  EXPECT_EQ(comments, (std::vector<std::string>{"", "fault: status 38\nfault: bad-bcc", ""}));
+  EXPECT_EQ(comments, (std::vector<std::string>{
+                          "",
+                          "fault: status 38 (status 38h answers in place of the work)\n"
+                          "fault: bad-bcc (the reply goes with each bit of its block check turned)",
+                          ""}));
 }
 
 TEST_F(PrinterServerTest, HasARemarkInTheLogAndInNoComment) {

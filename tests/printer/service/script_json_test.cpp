@@ -164,7 +164,9 @@ TEST_F(ScriptInJson, TellsWhatAFaultDid) {
   told_.clear();
   Exchange("02 95 03 96", 6);
   ASSERT_TRUE(support::WaitFor([this] { return told_.size() >= 2; }));
-  EXPECT_THAT(told_, testing::Contains(HasSubstr(R"("comment":"fault: status 38"})")));
+  EXPECT_THAT(told_, testing::Contains(HasSubstr(
+                         "\"comment\":\"fault: status 38 (status 38h answers in place of the "
+                         "work)\"}")));
 }
 
 TEST(ScriptInWords, TellsNoEvents) {
