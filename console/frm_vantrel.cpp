@@ -30,6 +30,7 @@
 #include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <cctype>
@@ -457,6 +458,7 @@ std::string FrmVantrel::Text(link::Field field) const {
 }
 
 void FrmVantrel::AnnounceReply() {
+  emit ReplyArrived(txt_response_->toPlainText());
   if (!QAccessible::isActive()) return;
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
   QAccessibleAnnouncementEvent event(txt_response_, txt_response_->toPlainText());
@@ -499,7 +501,8 @@ void FrmVantrel::ShowLoss(const link::PortError& loss) {
 }
 
 void FrmVantrel::HideConsole() {
-  frame_ = frameGeometry();
+  // The widget's own may lack a frame that has come without moving the window.
+  frame_ = windowHandle() != nullptr ? windowHandle()->frameGeometry() : frameGeometry();
   hide();
 }
 

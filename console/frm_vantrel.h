@@ -62,6 +62,8 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   void ReopenPort();
 
  signals:
+  // A reply has come and is shown; assistive programs are told of it, too.
+  void ReplyArrived(const QString& reply);
   // The window was closed; the port is closed and every wait is about to end.
   void Closed();
 

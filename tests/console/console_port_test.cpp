@@ -2,6 +2,7 @@
 
 #include "tests/support/console_fixture.h"
 #include "tests/support/wait_for.h"
+#include "tests/support/window_checks.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QMenuBar>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace vantrel::console {
@@ -72,13 +74,22 @@ TEST_F(ConsolePortTest, StandsAtTheRightEndOfTheMenuBarAndLeavesTheMenusTheirRoo
 
 TEST_F(ConsolePortTest, EveryControlHasANameForAScreenReader) {
   Load();
-  for (QWidget* widget : form_->findChildren<QWidget*>()) {
-    if (widget->focusPolicy() == Qt::NoFocus || !widget->isVisible()) continue;
-    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(widget);
-    ASSERT_NE(interface, nullptr) << widget->objectName().toStdString();
-    EXPECT_FALSE(interface->text(QAccessible::Name).isEmpty())
-        << widget->metaObject()->className() << " " << widget->objectName().toStdString();
-  }
+  EXPECT_EQ(support::UnnamedIn(*form_), QStringList());
+  EXPECT_EQ(support::MnemonicsTwiceIn(*form_), QStringList());
+}
+
+TEST_F(ConsolePortTest, AReplysArrivalIsAnnounced) {
+  Load();
+  const QSignalSpy announced(form_.get(), &FrmVantrel::ReplyArrived);
+  qsizetype before_the_reply = -1;
+  peer_.OnFrame([&, this](const std::string& frame) {
+    before_the_reply = announced.size();
+    peer_.Send(support::PtyPeer::Reply(frame.substr(2, 2)));
+  });
+  Press("Cmd58");
+  EXPECT_EQ(before_the_reply, 0);
+  ASSERT_EQ(announced.size(), 1);
+  EXPECT_EQ(announced.front().front().toString(), "02 58 20 03 7B ");
 }
 
 TEST_F(ConsolePortTest, TheReplyStandsOut) {
