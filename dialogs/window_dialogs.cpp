@@ -7,7 +7,9 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QScreen>
 
 #include <algorithm>
 
@@ -16,17 +18,18 @@ namespace {
 
 constexpr int kInputBoxWidth = 380;  // pixels; room for a title and a line of data
 constexpr int kWidestWord = 560;
+constexpr int kBesideText = 100;  // what a box has left and right of its text, at the most
 
 // The text with a place to break, of no width, after every few characters of each word that is
-// wider than a line; empty when there is no such word.
-QString BreakableText(const QString& text, const QFontMetrics& metrics) {
+// wider than a line of `width` pixels; empty when there is no such word.
+QString BreakableText(const QString& text, const QFontMetrics& metrics, int width) {
   constexpr int kPiece = 8;
   QString breakable;
   bool found = false;
   const QStringList words = text.split(' ');
   for (const QString& word : words) {
     if (!breakable.isEmpty()) breakable += ' ';
-    if (metrics.horizontalAdvance(word) <= kWidestWord) {
+    if (metrics.horizontalAdvance(word) <= width) {
       breakable += word;
       continue;
     }
@@ -46,12 +49,14 @@ void ShowLongWords(QMessageBox& box) {
   });
   if (found == labels.end() || box.layout() == nullptr) return;
   QLabel* cut = *found;
-  const QString text = BreakableText(box.text(), cut->fontMetrics());
+  // A box is never wider than the screen.
+  const int width = std::min(kWidestWord, box.screen()->availableGeometry().width() - kBesideText);
+  const QString text = BreakableText(box.text(), cut->fontMetrics(), width);
   if (text.isEmpty()) return;
   auto* label = new QLabel(text, &box);
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
-  label->setFixedWidth(kWidestWord);
+  label->setFixedWidth(width);
   delete box.layout()->replaceWidget(cut, label);
   cut->hide();
 }
@@ -142,6 +147,8 @@ std::string WindowDialogs::InputBox(const std::string& prompt, const std::string
     label->setBuddy(nullptr);
   }
   box.setLabelText(QString::fromStdString(prompt));
+  // What the buddy would have done.
+  if (auto* edit = box.findChild<QLineEdit*>()) edit->setAccessibleName(box.labelText());
   box.resize(std::max({kInputBoxWidth, box.sizeHint().width(), WidthOfTitle(box.windowTitle())}),
              box.sizeHint().height());
   if (box.exec() != QDialog::Accepted) return {};

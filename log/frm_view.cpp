@@ -116,6 +116,7 @@ QWidget* FrmView::MakeBar() {
     made->setObjectName(name);
     made->setPlaceholderText(words);
     made->setAccessibleName(words);
+    made->setMinimumWidth(90);
     made->setToolTip(tip);
     made->setClearButtonEnabled(true);
     made->setMaximumWidth(260);

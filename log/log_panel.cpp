@@ -177,6 +177,8 @@ QHBoxLayout* LogPanel::MakeBar() {
   CmbLogDirection->setObjectName("CmbLogDirection");
   CmbLogDirection->addItems({tr("Both ways"), tr("Received"), tr("Sent")});
   CmbLogDirection->setAccessibleName(tr("Direction of the lines shown"));
+  // Its text stands in for the name on some systems.
+  CmbLogDirection->setAccessibleDescription(CmbLogDirection->accessibleName());
   connect(CmbLogDirection, &QComboBox::currentIndexChanged, this,
           GuardedSlot(helpers_.guard, [this](int index) { CmbLogDirection_Click(index); }));
   TxtLogFilter = MakeEdit("TxtLogFilter", tr("Filter"),

@@ -123,6 +123,9 @@ QGroupBox* Frm4E::MakeStartStop() {
   combo_start_->setAccessibleName("Start character");
   combo_end_ = MakeCharacterBox("ComboEnd");
   combo_end_->setAccessibleName("End character");
+  // Their texts stand in for the names on some systems.
+  for (QComboBox* box : {combo_start_, combo_end_})
+    box->setAccessibleDescription(box->accessibleName());
   auto* layout = new QHBoxLayout(frame);
   layout->addWidget(combo_start_);
   layout->addWidget(combo_end_);
@@ -190,6 +193,7 @@ QGroupBox* Frm4E::MakeBarcodeData() {
   cmd_clear_ = dialogs::MakeButton("CmdClear", "Clear");
   connect(cmd_clear_, &QPushButton::clicked, this, Guarded([this] { CmdClear_Click(); }));
   cmd_next_ = dialogs::MakeButton("CmdNext", ">>");
+  cmd_next_->setAccessibleName("Next");
   connect(cmd_next_, &QPushButton::clicked, this, Guarded([this] { CmdNext_Click(); }));
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(cmd_clear_);
@@ -248,7 +252,9 @@ void Frm4E::CmdNext_Click() {
 }
 
 void Frm4E::ShowPad() {
-  lbl_barcode_data_->setText(QString::fromStdString(pad_.Data()));
+  const QString typed = QString::fromStdString(pad_.Data());
+  lbl_barcode_data_->setText(typed);
+  lbl_barcode_data_->setAccessibleName("Barcode data: " + (typed.isEmpty() ? "none" : typed));
   cmd_next_->setEnabled(pad_.IsNextEnabled());
   fra_key_->setEnabled(pad_.IsPadEnabled());
   status_bar_->SetText(1, pad_.PanelText(1));

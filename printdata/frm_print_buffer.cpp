@@ -93,6 +93,7 @@ QGroupBox* FrmPrintBuffer::MakeImageNo() {
   txt_image_no_ = new dialogs::DigitBox("TxtImageNo", "0", dialogs::DigitBox::Deleting::kDiscarded);
   txt_image_no_->setAccessibleName("Image No");
   QPushButton* next = dialogs::MakeButton("CmdNext", ">>>");
+  next->setAccessibleName("Next");
   connect(next, &QPushButton::clicked, this, Guarded([this] { CmdNext_Click(); }));
   auto* layout = new QHBoxLayout(frame);
   layout->addWidget(txt_image_no_);
@@ -140,7 +141,7 @@ void FrmPrintBuffer::MakeLayout(QGroupBox* card_direction, QGroupBox* coordinate
   auto* top = new QHBoxLayout;
   top->setSpacing(kFrameSpacing);
   top->addLayout(fields, 1);
-  top->addLayout(diagrams);
+  top->addLayout(diagrams, 1);
   auto* all = new QVBoxLayout;
   all->setContentsMargins(kFrameSpacing, kFrameSpacing, kFrameSpacing, kFrameSpacing);
   all->setSpacing(kFrameSpacing);

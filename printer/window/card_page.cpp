@@ -75,6 +75,8 @@ QHBoxLayout* CardPage::MakeDeck() {
   CmbDeck = new QComboBox(this);
   CmbDeck->setObjectName("CmbDeck");
   CmbDeck->setAccessibleName(tr("Deck of cards"));
+  // Its text stands in for the name on some systems.
+  CmbDeck->setAccessibleDescription(CmbDeck->accessibleName());
   CmbDeck->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   CmbDeck->setMinimumContentsLength(8);
   FillDeck();

@@ -52,6 +52,8 @@ FaceSide::FaceSide(const PrinterModel& model, dialogs::Helpers helpers, QWidget*
   LblScale->setTextFormat(Qt::PlainText);
   CmbZoom->setObjectName("CmbZoom");
   CmbZoom->setAccessibleName(tr("Size of the face"));
+  // Its text stands in for the name on some systems.
+  CmbZoom->setAccessibleDescription(CmbZoom->accessibleName());
   CmbZoom->setToolTip(tr("How large the face is shown."));
   CmbZoom->addItems({tr("Fit"), "1:1", "2:1", "3:1"});
   connect(CmbZoom, &QComboBox::currentIndexChanged, this,

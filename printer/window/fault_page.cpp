@@ -83,6 +83,8 @@ FaultPage::FaultPage(PrinterModel& model, dialogs::Helpers helpers, QWidget* par
   CmbFaultCount = new QComboBox(this);
   CmbFaultCount->setObjectName("CmbFaultCount");
   CmbFaultCount->setAccessibleName(tr("For"));
+  // Its text stands in for the name on some systems.
+  CmbFaultCount->setAccessibleDescription(CmbFaultCount->accessibleName());
   CmbFaultCount->addItems({tr("the next command"), tr("several commands"), tr("until taken away")});
   connect(CmbFaultCount, &QComboBox::currentIndexChanged, this,
           GuardedSlot(helpers_.guard, [this](int index) { CmbFaultCount_Click(index); }));

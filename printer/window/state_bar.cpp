@@ -25,7 +25,7 @@ constexpr const char* kCaption = "caption";
 // A badge draws the eye on a light ground and on a dark one.
 constexpr const char* kBadgeStyle =
     "QToolButton { background: #ffb300; color: black; border: 2px solid #b45f00;"
-    " border-radius: 4px; font-weight: bold; }"
+    " border-radius: 4px; font-weight: bold; padding: 0px 6px; }"
     "QToolButton:focus { border-color: palette(highlight); }";
 
 }  // namespace
@@ -93,12 +93,11 @@ void StateBar::MakeBuzzer() {
 void StateBar::MakeFaults() {
   CmdFaults = new QToolButton(this);
   CmdFaults->setObjectName("CmdFaults");
-  // So that nothing moves when a fault is set.
-  CmdFaults->setFixedSize(fontMetrics().horizontalAdvance("1000 set") + 24,
-                          fontMetrics().height() + 8);
+  CmdFaults->setFixedHeight(fontMetrics().height() + 8);
   connect(CmdFaults, &QToolButton::clicked, this,
           GuardedSlot(helpers_.guard, [this] { model_.ClearFaults(); }));
-  Add(tr("Faults"), CmdFaults);
+  // So that nothing moves when a fault is set.
+  Add(tr("Faults"), CmdFaults)->setMinimumWidth(fontMetrics().horizontalAdvance("1000 set") + 24);
 }
 
 QLabel* StateBar::MakeValue(const char* name, const QString& widest) {
@@ -115,7 +114,7 @@ QLabel* StateBar::MakeValue(const char* name, const QString& widest) {
   return label;
 }
 
-void StateBar::Add(const QString& caption, QWidget* value, QWidget* sign, QWidget* more) {
+QLabel* StateBar::Add(const QString& caption, QWidget* value, QWidget* sign, QWidget* more) {
   auto* title = new QLabel(caption, this);
   QFont small = title->font();
   small.setPointSizeF(small.pointSizeF() * 0.85);
@@ -138,6 +137,7 @@ void StateBar::Add(const QString& caption, QWidget* value, QWidget* sign, QWidge
   column->addWidget(title);
   column->addLayout(row, 1);
   layout_->addLayout(column);
+  return title;
 }
 
 void StateBar::Tell(QLabel* value, const QString& text) {

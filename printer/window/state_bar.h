@@ -37,8 +37,9 @@ class StateBar : public QFrame {
   // A value, bold and selectable, with room for its widest words where they are told.
   QLabel* MakeValue(const char* name, const QString& widest = {});
   // Adds a value under its caption, with a sign before it and more after it where there are any.
-  void Add(const QString& caption, QWidget* value, QWidget* sign = nullptr,
-           QWidget* more = nullptr);
+  // Returns the caption.
+  QLabel* Add(const QString& caption, QWidget* value, QWidget* sign = nullptr,
+              QWidget* more = nullptr);
   void MakeBuzzer();
   void MakeFaults();
   // Shows a value, and tells it with its caption to a screen reader.

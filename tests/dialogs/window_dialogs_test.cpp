@@ -1,5 +1,7 @@
 #include "dialogs/window_dialogs.h"
 
+#include "tests/support/window_checks.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
@@ -115,6 +117,31 @@ TEST(InputBox, ShowsAnAmpersandInItsPrompt) {
     box->close();
   });
   EXPECT_EQ(dialogs.InputBox("R&W: <b>erase</b>\r\nPress '2'", "Title"), "");
+}
+
+TEST(InputBox, NamesItsTextByThePrompt) {
+  WindowDialogs dialogs;
+  OnBox([](QDialog* box) {
+    EXPECT_EQ(support::UnnamedIn(*box), QStringList());
+    EXPECT_EQ(support::MnemonicsTwiceIn(*box), QStringList());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(box->findChild<QLineEdit*>())
+                  ->text(QAccessible::Name),
+              "R&W: 1 or 2?");
+    box->close();
+  });
+  dialogs.InputBox("R&W: 1 or 2?", "Title", "2");
+}
+
+TEST(MsgBox, NamesEveryWidgetAndHasNoMnemonicTwice) {
+  WindowDialogs dialogs;
+  for (const Buttons buttons : {Buttons::kOk, Buttons::kYesNo, Buttons::kYesNoCancel}) {
+    OnBox([](QDialog* box) {
+      EXPECT_EQ(support::UnnamedIn(*box), QStringList());
+      EXPECT_EQ(support::MnemonicsTwiceIn(*box), QStringList());
+      box->close();
+    });
+    dialogs.MsgBox("?", buttons, "Title", Icon::kExclamation);
+  }
 }
 
 TEST(InputBox, HoldsTheDefaultAndReturnsWhatWasTyped) {

@@ -2,6 +2,7 @@
 
 #include "editors/dot_grid.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -9,6 +10,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace vantrel::editors {
 
@@ -46,6 +48,26 @@ inline void DoubleClickAt(DotGrid& grid, const QRect& rect) {
   ClickAt(grid, rect);
   QTest::mouseDClick(&grid, Qt::LeftButton, {}, rect.center());
   QTest::mouseRelease(&grid, Qt::LeftButton, {}, rect.center());
+}
+
+// From the end of the origin's label to the corner of the first dot.
+inline QPoint FromOriginLabelToDots(const QWidget& form, const DotGrid& grid) {
+  const auto& label = Find<QLabel>(form, "LblOrigin");
+  return grid.mapTo(&form, grid.DotRect(0).topLeft()) -
+         label.mapTo(&form, label.rect().bottomLeft());
+}
+
+// In windows of several sizes, the dots grow and the origin's label stays right above them.
+inline void ExpectOriginToStayWithTheDots(QWidget& form, const DotGrid& grid) {
+  const QPoint before = FromOriginLabelToDots(form, grid);
+  EXPECT_LE(before.manhattanLength(), 40);
+  int dot_before = grid.DotRect(0).width();
+  for (const QSize size : {QSize(1300, 800), QSize(1900, 1040)}) {
+    form.resize(size);
+    QApplication::processEvents();
+    EXPECT_GT(grid.DotRect(0).width(), std::exchange(dot_before, grid.DotRect(0).width()));
+    EXPECT_EQ(FromOriginLabelToDots(form, grid), before) << size.width();
+  }
 }
 
 inline bool IsBlack(const DotGrid& grid, int index) { return grid.Editor().Dots().IsBlack(index); }

@@ -45,6 +45,13 @@ class FrmExternalFontTest : public testing::Test {
   std::unique_ptr<FrmExternalFont> form_;
 };
 
+TEST_F(FrmExternalFontTest, TheOriginStaysWithTheDotsAsTheyGrow) {
+  for (const bool is_double_byte : {false, true}) {
+    Open(is_double_byte);
+    ExpectOriginToStayWithTheDots(*form_, Grid());
+  }
+}
+
 TEST_F(FrmExternalFontTest, NamesAndCaptionsOfADoubleByteFont) {
   Open(true);
   EXPECT_EQ(form_->windowTitle(), "44h Double byte external character registered font command");

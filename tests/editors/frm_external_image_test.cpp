@@ -67,6 +67,14 @@ TEST_F(FrmExternalImageTest, NamesAndCaptionsInBlockMode) {
   ExpectStep(false);
 }
 
+TEST_F(FrmExternalImageTest, TheOriginStaysWithTheDotsAsTheyGrow) {
+  for (const bool is_block_mode : {false, true}) {
+    Open(is_block_mode);
+    Set("0", "0");
+    ExpectOriginToStayWithTheDots(*form_, Grid());
+  }
+}
+
 TEST_F(FrmExternalImageTest, FitsASmallScreen) {
   Open(true);
   Set("0", "0");

@@ -5,6 +5,7 @@
 #include "log/capture_writer.h"
 #include "tests/log/log_rows.h"
 #include "tests/support/wait_for.h"
+#include "tests/support/window_checks.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -97,6 +98,26 @@ constexpr int kHex = 3;
 constexpr int kMeaning = 5;
 constexpr int kDifference = 6;
 constexpr int kRight = 7;
+
+TEST_F(FrmViewTest, NamesEveryWidgetAndHasNoMnemonicTwice) {
+  Write("a.pcapng", Read21(kReply21));
+  Write("b.pcapng", Read21(kReply21WithB));
+  for (const QStringList& names : {QStringList("a.pcapng"), QStringList{"a.pcapng", "b.pcapng"}}) {
+    Show(names);
+    // While the files are read, too.
+    form_->findChild<QProgressBar*>("PrgView")->show();
+    EXPECT_EQ(support::UnnamedIn(*form_), QStringList());
+    EXPECT_EQ(support::MnemonicsTwiceIn(*form_), QStringList());
+    ASSERT_TRUE(HasRows(3));
+    EXPECT_EQ(support::UnnamedIn(*form_), QStringList());
+    form_->resize(1, 1);
+    for (const char* name : {"TxtViewFilter", "TxtViewFind"}) {
+      const auto* edit = form_->findChild<QLineEdit*>(name);
+      EXPECT_GT(edit->width(), edit->fontMetrics().horizontalAdvance("first track")) << name;
+    }
+    EXPECT_EQ(support::MnemonicsTwiceIn(*form_), QStringList());
+  }
+}
 
 TEST_F(FrmViewTest, ShowsRowsWithTheTimeThatTheyTook) {
   Write("a.pcapng", Read21(kReply21));

@@ -1,7 +1,9 @@
 // How the frames of the print data forms lie.
 
+#include "printdata/card_diagram.h"
 #include "printdata/frm_4e.h"
 #include "printdata/frm_print_buffer.h"
+#include "tests/support/painted_part.h"
 #include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 
@@ -92,6 +94,34 @@ TEST_P(FrameSpacingTest, OfBarcodes) {
   EXPECT_EQ(type.bottom(), data.bottom());
   EXPECT_EQ(data.right(), keys.right());
   EXPECT_EQ(type.left(), keys.left());
+}
+
+TEST_P(FrameSpacingTest, TheDiagramIsInTheMiddleOfItsFrame) {
+  // A line of text is not quite as high or as wide as its room.
+  constexpr int kTolerance = 12;
+  common_.IsPrintData = true;
+  FrmPrintBuffer form(common_, dialogs_, guard_);
+  ShowForm(form);
+  for (int direction = 0; direction < 2; ++direction) {
+    form.findChild<QAbstractButton*>(QString("Opt_direction_%1").arg(direction))->click();
+    QCoreApplication::processEvents();
+    auto* diagram = form.findChild<QGroupBox*>(QString("FraDescription_%1").arg(direction))
+                        ->findChild<CardDiagram*>();
+    ASSERT_TRUE(diagram->isVisible());
+    const QRect painted = support::PaintedPart(*diagram);
+    EXPECT_LE(std::abs(painted.left() - (diagram->width() - 1 - painted.right())), kTolerance);
+    EXPECT_LE(std::abs(painted.top() - (diagram->height() - 1 - painted.bottom())), kTolerance);
+  }
+}
+
+// In a wide window the fields need no more room than the diagram.
+TEST_P(FrameSpacingTest, ExtraWidthIsShared) {
+  common_.IsPrintData = true;
+  FrmPrintBuffer form(common_, dialogs_, guard_);
+  ShowForm(form);
+  const QRect fields = Frame(form, "FraCardDirection");
+  const QRect diagram = Frame(form, "FraDescription_0");
+  EXPECT_LE(fields.width(), diagram.width() + 1);
 }
 
 TEST_P(FrameSpacingTest, TheKeysAreInTheMiddleOfTheirFrame) {

@@ -10,9 +10,13 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QMenuBar>
+#include <QProgressBar>
 #include <QStringList>
 #include <QTabWidget>
 #include <QWidget>
+
+#include <string_view>
+#include <typeinfo>
 
 namespace vantrel::support {
 
@@ -47,18 +51,35 @@ inline QStringList MnemonicsTwiceIn(const QWidget& window) {
   return letters;
 }
 
-// Class and name of what is in sight, takes the focus, and has no name for a screen reader. The
-// parts of a combo box or a spin box are told with it.
+// Whether a widget is a picture that a class of this system paints, with no widgets in it.
+inline bool IsPicture(const QWidget& widget) {
+  return std::string_view(typeid(widget).name()).find("vantrel") != std::string_view::npos &&
+         widget.findChildren<QWidget*>().isEmpty();
+}
+
+// Whether a screen reader has words for a widget beside what it holds. A combo box gives what it
+// shows for its name; its caption is its label's or else its description.
+inline bool IsNamed(QWidget& widget) {
+  QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&widget);
+  if (told == nullptr) return false;
+  if (qobject_cast<const QComboBox*>(&widget) == nullptr)
+    return !told->text(QAccessible::Name).trimmed().isEmpty();
+  return !told->relations(QAccessible::Label).isEmpty() ||
+         !told->text(QAccessible::Description).trimmed().isEmpty();
+}
+
+// Class and name of what is in sight, takes the focus, shows progress or is a picture, and has no
+// name for a screen reader. The parts of a combo box or a spin box are told with it.
 inline QStringList UnnamedIn(const QWidget& window) {
   QStringList unnamed;
   for (QWidget* widget : window.findChildren<QWidget*>()) {
     const QWidget* parent = widget->parentWidget();
-    if (!widget->isVisible() || widget->focusPolicy() == Qt::NoFocus ||
-        qobject_cast<const QComboBox*>(parent) != nullptr ||
+    const bool tells = widget->focusPolicy() != Qt::NoFocus || IsPicture(*widget) ||
+                       qobject_cast<QProgressBar*>(widget) != nullptr;
+    if (!widget->isVisible() || !tells || qobject_cast<const QComboBox*>(parent) != nullptr ||
         qobject_cast<const QAbstractSpinBox*>(parent) != nullptr)
       continue;
-    const QAccessibleInterface* told = QAccessible::queryAccessibleInterface(widget);
-    if (told == nullptr || told->text(QAccessible::Name).isEmpty())
+    if (!IsNamed(*widget))
       unnamed += QString("%1 %2").arg(widget->metaObject()->className(), widget->objectName());
   }
   return unnamed;
