@@ -43,7 +43,7 @@ void PressButton(QDialog& box, const QString& caption) {
 
 namespace {
 
-QWidget& Control(QDialog& form, const char* name) {
+QWidget& Control(QWidget& form, const char* name) {
   auto* control = form.findChild<QWidget*>(name);
   if (control == nullptr)
     throw std::runtime_error(form.objectName().toStdString() + " has no control " + name);
@@ -61,7 +61,7 @@ void Click(QWidget& widget, QPoint place) {
 
 }  // namespace
 
-void ClickOn(QDialog& form, const char* name) {
+void ClickOn(QWidget& form, const char* name) {
   dynamic_cast<QAbstractButton&>(Control(form, name)).click();
 }
 

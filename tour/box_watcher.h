@@ -36,7 +36,7 @@ class BoxWatcher {
 // there is none.
 void PressButton(QDialog& box, const QString& caption);
 // Clicks a button or an option of an editing form by its name.
-void ClickOn(QDialog& form, const char* name);
+void ClickOn(QWidget& form, const char* name);
 // Clicks a dot of a form's grid.
 void ClickDot(QDialog& form, const char* grid, int index);
 // Puts `text` into a text box of a form.

@@ -1,7 +1,10 @@
 #include "tour/tour.h"
 
 #include "console/system_time.h"
+#include "printer/service/line_recording.h"
+#include "tour/capture_windows.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QImage>
 #include <QLabel>
@@ -29,6 +32,7 @@ Tour::Tour(const QString& folder, bool all_sizes, dialogs::Guard& guard)
       fonts_(printer::SystemFontFolder()),
       model_(fonts_, link::SystemCodePage()),
       server_(model_),
+      guard_(guard),
       printer_(model_, server_, {dialogs_, files_, guard}),
       port_([this](int number) {
         return number == 1 ? server_.DevicePath() : link::SystemDevice(number);
@@ -37,6 +41,7 @@ Tour::Tour(const QString& folder, bool all_sizes, dialogs::Guard& guard)
                link::SystemCodePage(), [](int status) { std::_Exit(status); }) {
   if (!folder_.mkpath("."))
     throw std::runtime_error("The folder " + folder.toStdString() + " cannot be made.");
+  printer::RecordLineOf(server_, recorder_);
   model_.SetTrack(0, "VANTREL SAMPLE CARD");
   model_.SetTrack(1, "0123456789");
   model_.SetTrack(2, "9876543210");
@@ -54,8 +59,12 @@ void Tour::Run() {
   MoveCard();
   Maintain();
   PrintCard();
+  ShowTheOthers();
   Photograph(console_, "console");
   PhotographPrinter();
+  PhotographCaptureWindows(
+      recorder_, {dialogs_, files_, guard_},
+      [this](QWidget& window, const QString& name) { Photograph(window, name); });
   std::cout << "Pictures are in " << folder_.absolutePath().toStdString() << "\n";
 }
 
@@ -184,6 +193,33 @@ void Tour::PrintCard() {
     throw std::runtime_error("card.png cannot be written.");
 }
 
+void Tour::ShowTheOthers() {
+  Answer("about", "OK");
+  console_.findChild<QAction*>("Mnu_About")->trigger();
+  Fill(
+      "image-line",
+      [](QDialog& form) {
+        ClickOn(form, "CmdSet");
+        for (int row = 0; row < 40; row += 3) ClickDot(form, "Lbldot", row);
+      },
+      "CmdNext");
+  Press("Cmd43");
+  Fill(
+      "font-double",
+      [](QDialog& form) {
+        for (int dot = 2; dot < 22; ++dot) {
+          ClickDot(form, "LblDot", dot * 24 + dot);
+          ClickDot(form, "LblDot", dot * 24 + 23 - dot);
+        }
+      },
+      "CmdNext");
+  Answer("font-data", "OK");
+  Press("Cmd44");
+  Fill(
+      "image-expansion", [](QDialog& form) { TypeInto(form, "TxtImageNo", "12"); }, "CmdNext");
+  Press("Cmd42");
+}
+
 void Tour::Fill(const QString& picture, std::function<void(QDialog&)> fill, const char* button) {
   boxes_.Expect([this, picture, fill = std::move(fill), button](QDialog& form) {
     fill(form);
@@ -250,6 +286,10 @@ void Tour::PhotographPrinter() {
     pages->setCurrentIndex(page);
     Photograph(printer_, names.at(page));
   }
+  model_.AddFault(printer::ParseFault("status 38 for 3"));
+  pages->setCurrentIndex(0);
+  ClickOn(printer_, "CmdTurn");
+  Photograph(printer_, "printer-standing-with-fault");
 }
 
 void Tour::Answer(const QString& picture, const QString& button) {

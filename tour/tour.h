@@ -4,6 +4,7 @@
 #include "dialogs/window_dialogs.h"
 #include "dialogs/window_file_chooser.h"
 #include "link/serial_port.h"
+#include "log/line_recorder.h"
 #include "printer/model/printer_model.h"
 #include "printer/service/printer_server.h"
 #include "printer/window/frm_printer.h"
@@ -51,6 +52,8 @@ class Tour {
   void MoveCard();
   void Maintain();
   void PrintCard();
+  // The forms and boxes that the rest of the tour does not come by.
+  void ShowTheOthers();
 
   void Save(QWidget& window, const QString& name);
 
@@ -61,6 +64,8 @@ class Tour {
   printer::PrinterServer server_;
   dialogs::WindowFileChooser files_;
   dialogs::WindowDialogs dialogs_;
+  dialogs::Guard& guard_;
+  log::LineRecorder recorder_;
   printer::FrmPrinter printer_;
   link::SerialPort port_;
   console::FrmVantrel console_;

@@ -27,6 +27,9 @@ QPalette DarkPalette() {
   QPalette palette(QColor(0x35, 0x35, 0x35));
   palette.setColor(QPalette::Base, QColor(0x23, 0x23, 0x23));
   palette.setColor(QPalette::Highlight, QColor(0x2A, 0x82, 0xDA));
+  // As dark desktops have it; the library would make it of a dark grey.
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, QColor(0x8C, 0x8C, 0x8C));
   return palette;
 }
 
