@@ -7,6 +7,7 @@
 #include "console/system_time.h"
 #include "link/serial_port.h"
 #include "tests/support/current_dialogs.h"
+#include "tests/support/wait_for.h"
 
 #include <QAction>
 #include <QApplication>
@@ -87,7 +88,7 @@ class DemonstrationTest : public testing::Test {
       box->button(button)->click();
     });
     look.start(1);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !said.isEmpty(); }, 10000));
+    EXPECT_TRUE(support::WaitFor([&] { return !said.isEmpty(); }));
     return said;
   }
   void Choose(const char* entry) {
@@ -102,7 +103,7 @@ class DemonstrationTest : public testing::Test {
   bool IsTold(const std::string& speed, const std::string& state) {
     const std::string line =
         "COM 1 · " + demonstration_.DevicePath() + " · " + speed + " · " + state;
-    return QTest::qWaitFor([&] { return PortLine() == line; });
+    return support::WaitFor([&] { return PortLine() == line; });
   }
 
   Demonstration demonstration_;
@@ -159,14 +160,12 @@ TEST(DemoProgram, HandsThePrinterItsOptionsAndItsPlace) {
              {"--card", "--series", "ql8", "--speed=19200", "--instant"});
   ASSERT_TRUE(demo.waitForStarted());
   QList<QByteArray> arguments;
-  EXPECT_TRUE(QTest::qWaitFor(
-      [&] {
-        const QList<pid_t> children = ChildrenOf(demo.processId());
-        arguments = children.isEmpty() ? QList<QByteArray>() : ArgumentsOf(children.front());
-        // Between fork and exec it has the demonstration's.
-        return !arguments.isEmpty() && arguments.front().endsWith("/vantrel-printer");
-      },
-      10000));
+  EXPECT_TRUE(support::WaitFor([&] {
+    const QList<pid_t> children = ChildrenOf(demo.processId());
+    arguments = children.isEmpty() ? QList<QByteArray>() : ArgumentsOf(children.front());
+    // Between fork and exec it has the demonstration's.
+    return !arguments.isEmpty() && arguments.front().endsWith("/vantrel-printer");
+  }));
   ASSERT_GT(arguments.size(), 2);
   EXPECT_TRUE(arguments[1].startsWith("--geometry=")) << arguments[1].toStdString();
   EXPECT_EQ(arguments.mid(2),
