@@ -1,7 +1,7 @@
 # Sourced by run.sh, test.sh and .ci/run: makes sure that Debian packages are installed.
 
 # The compiler, the build tools and the libraries that the programs need.
-BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libfreetype-dev libzint-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libfreetype-dev libpng-dev libzint-dev)
 # What a window needs to run and to show text, and the fonts of the printed cards.
 RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback fonts-terminus-otb fonts-unifont)
 TEST_PACKAGES=(libgtest-dev libgmock-dev man-db mandoc openbox python3 python3-pytest python3-serial ser2net socat tshark

@@ -4,8 +4,12 @@
 #include FT_FREETYPE_H
 
 #include <algorithm>
+#include <array>
+#include <fstream>
 #include <memory>
 #include <optional>
+#include <string_view>
+#include <utility>
 
 namespace vantrel::printer {
 namespace {
@@ -75,34 +79,76 @@ Bitmap Box(int width, int height) {
   return cell;
 }
 
+// Started when the first font is opened.
+class FontLibrary {
+ public:
+  // Null where the library cannot be started.
+  FT_Library Get() {
+    FT_Library library = nullptr;
+    if (!library_ && FT_Init_FreeType(&library) == 0) library_.reset(library);
+    return library_.get();
+  }
+
+ private:
+  std::unique_ptr<FT_LibraryRec_, LibraryEnd> library_;
+};
+
+// A file with a font, which is opened when it is first drawn with: most printers that a test starts
+// never print.
+class FontFile {
+ public:
+  explicit FontFile(std::filesystem::path path) : path_(std::move(path)), is_there_(IsFont()) {}
+
+  const std::filesystem::path& Path() const { return path_; }
+  // Whether the file can be read and begins as a font does.
+  bool IsThere() const { return is_there_; }
+  // Null where it has no font.
+  FT_Face Open(FontLibrary& library) {
+    if (!is_there_ || face_) return face_.get();
+    FT_Face face = nullptr;
+    is_there_ = FT_New_Face(library.Get(), path_.c_str(), 0, &face) == 0;
+    face_.reset(face);
+    return face;
+  }
+
+ private:
+  bool IsFont() const {
+    std::ifstream file(path_, std::ios::binary);
+    std::array<char, 4> version{};
+    if (!file.read(version.data(), version.size())) return false;
+    const std::string_view found(version.data(), version.size());
+    // Outlines after CFF, and after TrueType or none but bitmaps.
+    return found == "OTTO" || found == std::string_view("\0\1\0\0", 4);
+  }
+
+  std::filesystem::path path_;
+  bool is_there_;
+  Face face_;
+};
+
 }  // namespace
 
 struct Fonts::Library {
-  std::unique_ptr<FT_LibraryRec_, LibraryEnd> library;
-  Face normal;
-  Face bold;
-  Face unifont;
+  explicit Library(const std::filesystem::path& folder)
+      : normal(folder / "opentype/terminus/terminus-normal.otb"),
+        bold(folder / "opentype/terminus/terminus-bold.otb"),
+        unifont(folder / "opentype/unifont/unifont.otf") {}
+
+  FontLibrary library;
+  FontFile normal;
+  FontFile bold;
+  FontFile unifont;
 };
 
-Fonts::Fonts(const std::filesystem::path& folder) : library_(std::make_unique<Library>()) {
-  FT_Library library = nullptr;
-  if (FT_Init_FreeType(&library) != 0) {
-    missing_.emplace_back("The font library cannot be started.");
-    return;
-  }
-  library_->library.reset(library);
-  const auto open = [&](const char* file, const char* package) {
-    const std::filesystem::path path = folder / "opentype" / file;
-    FT_Face face = nullptr;
-    if (FT_New_Face(library, path.c_str(), 0, &face) != 0) {
-      missing_.push_back("Cards are printed without the font " + path.string() +
-                         "; please install the package " + package + ".");
-    }
-    return Face(face);
+Fonts::Fonts(const std::filesystem::path& folder) : library_(std::make_unique<Library>(folder)) {
+  const auto look = [&](const FontFile& file, const char* package) {
+    if (file.IsThere()) return;
+    missing_.push_back("Cards are printed without the font " + file.Path().string() +
+                       "; please install the package " + package + ".");
   };
-  library_->normal = open("terminus/terminus-normal.otb", "fonts-terminus-otb");
-  library_->bold = open("terminus/terminus-bold.otb", "fonts-terminus-otb");
-  library_->unifont = open("unifont/unifont.otf", "fonts-unifont");
+  look(library_->normal, "fonts-terminus-otb");
+  look(library_->bold, "fonts-terminus-otb");
+  look(library_->unifont, "fonts-unifont");
 }
 
 Fonts::Fonts(Fonts&&) noexcept = default;
@@ -120,12 +166,13 @@ Bitmap Fonts::Draw(char32_t character, const GlyphStyle& style) {
   std::optional<Bitmap> cell;
   int thicker = 0;
   if (!style.wide) {
-    const Face& face = style.weight > 0 && library_->bold ? library_->bold : library_->normal;
-    cell = GlyphOf(face.get(), character, width, style.height);
-    thicker = style.weight - (face == library_->bold ? 1 : 0);
+    const FT_Face bold = style.weight > 0 ? library_->bold.Open(library_->library) : nullptr;
+    const FT_Face face = bold != nullptr ? bold : library_->normal.Open(library_->library);
+    cell = GlyphOf(face, character, width, style.height);
+    thicker = style.weight - (bold != nullptr ? 1 : 0);
   }
   if (!cell) {
-    cell = GlyphOf(library_->unifont.get(), character, width, style.height);
+    cell = GlyphOf(library_->unifont.Open(library_->library), character, width, style.height);
     thicker = style.wide ? 0 : style.weight;
   }
   if (!cell) return Box(width, style.height);

@@ -28,7 +28,8 @@ struct GlyphStyle {
 class Fonts {
  public:
   // Looks for the font files under `folder`, a folder such as /usr/share/fonts. Never throws: what
-  // cannot be found or read is missing from then on.
+  // cannot be found or read, or does not begin as a font, is missing from then on. A font is opened
+  // when it is first drawn with; one that is damaged within is then drawn without, as if missing.
   explicit Fonts(const std::filesystem::path& folder);
   Fonts(Fonts&&) noexcept;
   Fonts& operator=(Fonts&&) = delete;

@@ -1,12 +1,10 @@
 #include "printer/service/deck_file.h"
 
 #include "log/file_saver.h"
-#include "printer/service/dot_image.h"
+#include "printer/drawing/png_file.h"
 #include "printer/service/script_text.h"
 
-#include <QBuffer>
 #include <QByteArray>
-#include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -29,11 +27,7 @@ constexpr const char* kOrdinary = "ordinary";
 constexpr const char* kCleaning = "cleaning";
 
 QString FaceInBase64(const Bitmap& face) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  ImageOf(face).save(&buffer, "PNG");
-  return QString::fromLatin1(bytes.toBase64());
+  return QString::fromLatin1(QByteArray::fromStdString(PngOf(face)).toBase64());
 }
 
 QJsonObject JsonOf(const NamedCard& named) {
@@ -68,14 +62,15 @@ std::string TrackFrom(const QJsonValue& value, std::size_t track) {
 Bitmap FaceFrom(const QString& text) {
   const auto bytes =
       QByteArray::fromBase64Encoding(text.toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
-  QImage picture;
-  if (!bytes || !picture.loadFromData(*bytes, "PNG")) Refuse("\"face\" is no PNG in base64");
-  if (picture.width() != kFaceWidth || picture.height() != kFaceHeight) {
-    Refuse("\"face\" is " + std::to_string(picture.width()) + " by " +
-           std::to_string(picture.height()) + " dots, not " + std::to_string(kFaceWidth) + " by " +
-           std::to_string(kFaceHeight));
+  const std::string file = bytes ? (*bytes).toStdString() : std::string();
+  const auto size = SizeOfPng(file);
+  if (size && (size->width != kFaceWidth || size->height != kFaceHeight)) {
+    Refuse("\"face\" is " + std::to_string(size->width) + " by " + std::to_string(size->height) +
+           " dots, not " + std::to_string(kFaceWidth) + " by " + std::to_string(kFaceHeight));
   }
-  return DotsOf(picture);
+  const auto dots = size ? DotsOfPng(file) : std::nullopt;
+  if (!dots) Refuse("\"face\" is no PNG in base64");
+  return *dots;
 }
 
 NamedCard CardFrom(const QJsonValue& value) {

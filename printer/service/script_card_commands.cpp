@@ -2,7 +2,7 @@
 
 #include "printer/model/quoted.h"
 #include "printer/service/deck_file.h"
-#include "printer/service/dot_image.h"
+#include "printer/service/picture_file.h"
 #include "printer/service/printer_server.h"
 #include "printer/service/script_commands.h"
 #include "printer/service/script_state.h"
@@ -161,7 +161,8 @@ Answer SaveDots(const char* word, const Bitmap& dots, std::string_view rest) {
   const bool png = path && path->ends_with(".png");
   if (!png && !(path && path->ends_with(".pbm")))
     return Error(std::string(word) + " takes a path that ends in .png or .pbm");
-  const std::string error = SavePicture(ImageOf(dots), png ? "png" : "pbm", *path);
+  const std::string error =
+      SavePicture(dots, png ? PictureFormat::kPng : PictureFormat::kPortableBitmap, *path);
   return error.empty() ? Ok() : ScriptAnswer::PathError(*path, error);
 }
 

@@ -2,7 +2,7 @@
 
 #include "dialogs/guard.h"
 #include "printer/model/printer_model.h"
-#include "printer/service/dot_image.h"
+#include "printer/window/dot_image.h"
 #include "printer/window/face_view.h"
 
 #include <QIcon>

@@ -4,7 +4,8 @@
 #include "dialogs/file_chooser.h"
 #include "dialogs/guard.h"
 #include "printer/model/printer_model.h"
-#include "printer/service/dot_image.h"
+#include "printer/service/picture_file.h"
+#include "printer/window/dot_image.h"
 #include "printer/window/face_view.h"
 
 #include <QApplication>
@@ -119,8 +120,8 @@ void FaceSide::CmdSavePicture_Click() {
       helpers_.files.SaveName(this, tr("Save picture"), "card.png", tr("Pictures (*.png)"));
   if (path.isEmpty()) return;
   face_->Show(model_.State().card.face);
-  const std::string error =
-      SavePicture(face_->Picture(), "png", QFile::encodeName(path).toStdString());
+  const std::string error = SavePicture(DotsOf(face_->Picture()), PictureFormat::kPng,
+                                        QFile::encodeName(path).toStdString());
   if (error.empty()) return emit Told(tr("Saved to %1").arg(path));
   helpers_.dialogs.MsgBox(QString::fromLocal8Bit(error.c_str()).toStdString(),
                           dialogs::Buttons::kOk, tr("Save picture").toStdString(),

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "printer/drawing/bitmap.h"
-#include "printer/service/dot_image.h"
+#include "printer/window/dot_image.h"
 
 #include <QImage>
 #include <QString>

@@ -1,10 +1,14 @@
 #include "printer/drawing/fonts.h"
 
+#include "tests/support/file_folder.h"
 #include "tests/support/print_bench.h"
 
 #include <gtest/gtest.h>
 
 #include <gmock/gmock.h>
+
+#include <filesystem>
+#include <string>
 
 namespace vantrel::printer {
 namespace {
@@ -57,6 +61,28 @@ TEST(Fonts, SayWhichPackagesAreMissingAndDrawBoxes) {
           "please install the package fonts-unifont."));
   EXPECT_EQ(support::PartOf(fonts.Glyph('F', {16, false, 2}), 0, 0, 8, 3),
             (support::Dots{"........", ".######.", ".#....#."}));
+}
+
+TEST(Fonts, MissAFileThatIsNoFont) {
+  const support::FileFolder folder;
+  std::filesystem::create_directories(folder.Path("opentype/terminus/terminus-bold.otb"));
+  folder.Make("opentype/terminus/terminus-normal.otb", "no font");
+  const Fonts fonts(folder.Path(""));
+  EXPECT_EQ(fonts.Missing().size(), 3U);
+}
+
+TEST(Fonts, DrawBoxesForAFontThatIsDamagedWithin) {
+  const support::FileFolder folder;
+  std::filesystem::create_directories(folder.Path("opentype/terminus"));
+  // A table of contents that promises 14 tables, and nothing behind it.
+  folder.Make("opentype/terminus/terminus-normal.otb", std::string("\0\1\0\0\0\x0E", 6));
+  Fonts fonts(folder.Path(""));
+  EXPECT_EQ(fonts.Missing().size(), 2U);
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(
+        support::PartOf(fonts.Glyph(static_cast<char32_t>('F' + i), {16, false, 0}), 0, 0, 8, 3),
+        (support::Dots{"........", ".######.", ".#....#."}));
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "tests/support/device_user.h"
 #include "tests/support/patience.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -53,6 +54,23 @@ TEST_F(PrinterProgram, ServesWithAWindowToo) {
   EXPECT_EQ(console.Read(7), "06 02 95 20 30 03 86");
   program_.terminate();
   EXPECT_EQ(End(), 0);
+}
+
+TEST_F(PrinterProgram, SaysThatTheProgramWithItsWindowIsNotThere) {
+  // As where nothing with windows is installed.
+  ASSERT_TRUE(QDir(folder_.path()).mkpath("bin"));
+  const QString alone = folder_.filePath("bin/vantrel-printer");
+  ASSERT_TRUE(QFile::copy(VANTREL_PRINTER_PROGRAM, alone));
+  program_.start(alone, {});
+  EXPECT_EQ(End(), 1);
+  const QString window =
+      QFileInfo(folder_.path()).canonicalFilePath() + "/libexec/vantrel/vantrel-printer-window";
+  EXPECT_EQ(program_.readAllStandardError(),
+            "vantrel-printer: the window's program " + window.toUtf8() +
+                " cannot be started: No such file or directory; --headless needs none.\n");
+  program_.start(alone, {"--headless"});
+  ASSERT_TRUE(program_.waitForReadyRead(support::kPatience));
+  EXPECT_TRUE(support::DeviceUser(program_.readLine().trimmed().toStdString()).IsOpen());
 }
 
 TEST_F(PrinterProgram, BeginsWithACardAtTheFrontAndNoWorkTime) {

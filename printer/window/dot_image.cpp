@@ -1,10 +1,5 @@
-#include "printer/service/dot_image.h"
+#include "printer/window/dot_image.h"
 
-#include "log/file_saver.h"
-
-#include <QBuffer>
-#include <QByteArray>
-#include <QImageWriter>
 #include <QTransform>
 
 namespace vantrel::printer {
@@ -27,21 +22,10 @@ Bitmap DotsOf(const QImage& picture) {
   Bitmap dots(picture.width(), picture.height());
   for (int y = 0; y < dots.Height(); ++y) {
     for (int x = 0; x < dots.Width(); ++x) {
-      constexpr int kMiddleGrey = 128;
-      if (qGray(picture.pixel(x, y)) < kMiddleGrey) dots.Set(x, y, true);
+      if (picture.pixel(x, y) == qRgb(0, 0, 0)) dots.Set(x, y, true);
     }
   }
   return dots;
-}
-
-std::string SavePicture(const QImage& picture, const char* format, const std::string& path) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  QImageWriter writer(&buffer, format);
-  if (!writer.write(picture))
-    return path + " was not saved: " + writer.errorString().toStdString() + '.';
-  return log::ReplaceFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 }  // namespace vantrel::printer
