@@ -89,6 +89,10 @@ FrmVantrel::FrmVantrel(link::Port& port, dialogs::Dialogs& dialogs, dialogs::Gua
   look_timer_.setInterval(kQuickExchange);
   look_timer_.setSingleShot(true);
   connect(&look_timer_, &QTimer::timeout, this, Guarded([this] { LookEnabled(false); }));
+  // The frame goes out before the window shows what was pressed.
+  painting_hold_.Watch(this);
+  painting_hold_.Watch(hints_area_->viewport());
+  painting_hold_.Watch(status_bar_);
   ordinary_buttons_.front()->setFocus();
   Form_Load();
 }
@@ -469,6 +473,10 @@ void FrmVantrel::AnnounceReply() {
 }
 
 void FrmVantrel::EnableCommandButtons(bool enabled) {
+  if (enabled)
+    painting_hold_.End();
+  else
+    painting_hold_.Begin();
   // Disabling a focused button would hand the focus, and the next press of the space bar, to a
   // button that stays enabled. The focus waits in the response box instead.
   if (!enabled) {

@@ -2,6 +2,7 @@
 
 #include "console/code_entry.h"
 #include "console/command_handlers.h"
+#include "console/painting_hold.h"
 #include "console/sub_forms.h"
 #include "dialogs/dialogs.h"
 #include "dialogs/guard.h"
@@ -15,6 +16,7 @@
 #include <QRect>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 #include <string>
@@ -144,7 +146,8 @@ class FrmVantrel : public QMainWindow, private link::Display, private SubForms {
   QLabel* lbl_hints_ = nullptr;
   QProgressBar* progress_ = nullptr;
   QTimer progress_timer_;
-  QTimer look_timer_;  // until the disabled buttons look so
+  QTimer look_timer_;                                          // until the disabled buttons look so
+  PaintingHold painting_hold_{std::chrono::milliseconds(16)};  // less than a screen shows
   dialogs::PanelBar* status_bar_ = nullptr;
   QRect frame_;                                  // of the hidden console
   std::optional<link::PortError> load_failure_;  // of a port that would not open at load
