@@ -24,6 +24,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <deque>
 #include <iostream>
 #include <memory>
 #include <set>
@@ -41,16 +42,23 @@ class WatchedPort : public link::SerialPort {
   using SerialPort::SerialPort;
 
   void Output(const link::Bytes& bytes) override {
-    // A frame that is asked for again goes out byte by byte.
+    // A frame that is asked for again goes out byte by byte: the last one, or one around it whose
+    // command still waits.
     if (bytes.size() == 1) {
-      if (again_ >= frame_.size() || bytes.front() != frame_[again_])
-        problem_ =
-            "byte " + std::to_string(again_) + " of a repeated frame is " + link::HexTextOf(bytes);
-      again_ = (again_ + 1) % std::max<std::size_t>(frame_.size(), 1);
+      again_.push_back(bytes.front());
+      const auto sent = std::find_if(sent_.begin(), sent_.end(), [this](const link::Bytes& frame) {
+        return frame.size() >= again_.size() &&
+               std::equal(again_.begin(), again_.end(), frame.begin());
+      });
+      if (sent == sent_.end())
+        problem_ = link::HexTextOf(again_) + " is no repeated frame";
+      else if (sent->size() == again_.size())
+        again_.clear();
     } else {
       Look(bytes);
-      frame_ = bytes;
-      again_ = 0;
+      sent_.push_front(bytes);
+      if (sent_.size() > kMostWaiting) sent_.pop_back();
+      again_.clear();
       ++frames_;
     }
     SerialPort::Output(bytes);
@@ -76,8 +84,11 @@ class WatchedPort : public link::SerialPort {
     if (frame.size() > 1) codes_.insert(frame[1]);
   }
 
-  link::Bytes frame_;
-  std::size_t again_ = 0;
+  // More commands than ever wait, one inside the other.
+  static constexpr std::size_t kMostWaiting = 50;
+
+  std::deque<link::Bytes> sent_;  // frames, the last one first
+  link::Bytes again_;             // what has been repeated of one of them so far
   int frames_ = 0;
   std::set<unsigned> codes_;
   std::string problem_;
