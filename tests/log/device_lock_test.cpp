@@ -134,5 +134,28 @@ TEST_F(DeviceLockTest, DoesWithTheFirstLockWhereThereIsNoFolder) {
   EXPECT_NE(flock(other.Get(), LOCK_EX | LOCK_NB), 0);
 }
 
+// Only the superuser can become another user, who may not signal a process of the superuser's.
+TEST_F(DeviceLockTest, LeavesTheFileOfAnotherUsersLivingProcess) {
+  std::ofstream(File()) << getpid() << "\n";
+  fs::permissions(folder_, fs::perms::all);
+  constexpr uid_t kNobody = 65534;
+  const pid_t child = fork();
+  if (child == 0) {
+    const link::UniqueDescriptor device = Open();
+    const bool is_other = geteuid() != 0 || setuid(kNobody) == 0;
+    try {
+      const DeviceLock lock(terminal_.DevicePath(), device.Get(), folder_);
+    } catch (const std::system_error&) {
+      _exit(is_other ? 0 : 1);
+    }
+    _exit(2);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+  EXPECT_TRUE(fs::exists(File()));
+}
+
 }  // namespace
 }  // namespace vantrel::log

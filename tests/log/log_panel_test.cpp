@@ -169,6 +169,35 @@ TEST_F(LogPanelTest, CopiesTheSelectedLinesOrAll) {
   EXPECT_EQ(Find<QLabel>("LblLog")->text(), "1 line copied");
 }
 
+TEST_F(LogPanelTest, CopiesSelectedLinesInTheirOrder) {
+  Console("02210322");
+  Printer("06");
+  Console("02220321");
+  ASSERT_TRUE(HasRows(3));
+  auto* selection = Table()->selectionModel();
+  for (const int row : {2, 0})
+    selection->select(Table()->model()->index(row, 0),
+                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  Click("CmdCopyLog");
+  const QStringList lines = QApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
+  ASSERT_EQ(lines.size(), 2);
+  EXPECT_TRUE(lines[0].endsWith("21h first track read"));
+  EXPECT_TRUE(lines[1].endsWith("22h second track read"));
+}
+
+TEST_F(LogPanelTest, ShortensALongCellAndSaysSo) {
+  recorder_.Record(protocol::Direction::kFromConsole, QByteArray(300, 'A'));
+  ASSERT_TRUE(HasRows(1));
+  // Its 300 bytes are 899 characters of hex.
+  int shortened = 0;
+  for (int column = 0; column < Table()->model()->columnCount(); ++column) {
+    const QString text = Cell(0, column);
+    EXPECT_LE(text.size(), 604) << column;
+    if (text.endsWith(" ...")) ++shortened;
+  }
+  EXPECT_EQ(shortened, 1);
+}
+
 TEST_F(LogPanelTest, SavesTheWholeLogAsTextOrCsv) {
   Exchange(1);
   ASSERT_TRUE(HasRows(2));

@@ -142,6 +142,12 @@ TEST(BmpFile, MayHaveATailThatItsSizeCounts) {
   EXPECT_FALSE(Append(file, "00"));
 }
 
+TEST(BmpFile, HasATailOf64BytesAtMost) {
+  BmpFile file;
+  EXPECT_TRUE(Append(file, With(2, "FFFFFF7F") + std::string(128, '0')));
+  EXPECT_FALSE(Append(file, "00"));
+}
+
 TEST(BmpFile, SurvivesAnyBytes) {
   std::mt19937 random(75);
   for (int round = 0; round < 2000; ++round) {

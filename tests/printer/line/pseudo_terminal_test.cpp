@@ -37,6 +37,8 @@ TEST(PseudoTerminal, IsRawBeforeAnyoneHasOpenedIt) {
   EXPECT_EQ(settings.c_iflag & tcflag_t{ICRNL | IXON | ISTRIP | INLCR | IGNCR}, 0U);
   EXPECT_EQ(settings.c_oflag & tcflag_t{OPOST}, 0U);
   EXPECT_EQ(settings.c_cflag & tcflag_t{CSIZE}, tcflag_t{CS8});
+  // Nobody waits for a modem, and what comes is heard.
+  EXPECT_EQ(settings.c_cflag & tcflag_t{CLOCAL | CREAD}, tcflag_t{CLOCAL | CREAD});
 }
 
 TEST(PseudoTerminal, CarriesEveryByteUnchanged) {

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 
@@ -123,6 +124,18 @@ TEST_F(DeckFileTest, TellsWhyAFileIsNotOpened) {
     FAIL() << "was opened";
   } catch (const std::runtime_error& error) {
     EXPECT_THAT(error.what(), HasSubstr("pipe was not opened: It is no regular file."));
+  }
+}
+
+TEST_F(DeckFileTest, OpensNoFileOfMoreThan16Megabytes) {
+  folder_.Make("deck.json", "");
+  std::filesystem::resize_file(folder_.Path("deck.json"), 16 * 1024 * 1024 + 1000000);
+  try {
+    OpenDeck(folder_.Path("deck.json"));
+    ADD_FAILURE();
+  } catch (const std::runtime_error& refusal) {
+    EXPECT_EQ(refusal.what(),
+              folder_.Path("deck.json") + " was not opened: It is larger than 16 MB.");
   }
 }
 

@@ -105,6 +105,35 @@ TEST_F(FrmPrinterIndicators, GoDarkWithThePower) {
   EXPECT_FALSE(SignIsOn("SignBuzzer"));
 }
 
+TEST(LedColour, IsGreenRedAndOrange) {
+  const QColor green = LedColour('1');
+  EXPECT_GT(green.green(), green.red() + 80);
+  EXPECT_GT(green.green(), green.blue() + 80);
+  const QColor red = LedColour('2');
+  EXPECT_GT(red.red(), red.green() + 120);
+  const QColor orange = LedColour('3');
+  EXPECT_GT(orange.red(), orange.green() + 60);
+  EXPECT_GT(orange.green(), orange.blue() + 120);
+}
+
+TEST(CardSlotView, ShowsTheCardFurtherBackFromPlaceToPlace) {
+  CardSlotView slot;
+  slot.resize(520, 190);
+  int before = -1;
+  for (const CardPlace place : {CardPlace::kOutside, CardPlace::kExit, CardPlace::kFront,
+                                CardPlace::kInside, CardPlace::kRear}) {
+    slot.Show(place, CardKind::kOrdinary);
+    const QImage picture = slot.grab().toImage();
+    // The card's dark stripe.
+    int left = 0;
+    while (left < picture.width() && picture.pixelColor(left, 66) != QColor(0x22, 0x22, 0x26))
+      ++left;
+    EXPECT_GT(left, before);
+    EXPECT_LT(left, picture.width());
+    before = left;
+  }
+}
+
 TEST(IndicatorSign, TellsThatItTurnsOnAndNotThatItChangesItsColour) {
   IndicatorSign sign(IndicatorSign::Shape::kLamp);
   QSignalSpy turned_on(&sign, &IndicatorSign::TurnedOn);
