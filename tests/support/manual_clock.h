@@ -54,7 +54,7 @@ class ManualClock : public link::Clock {
   // Runs what is due now.
   void Yield() override;
   // Runs the next event, moving the time to it. Fails the test and throws std::logic_error where
-  // nothing is left to come, because the wait would never end.
+  // nothing is left to come but the passes of the wait itself, because it would never end.
   void WaitForEvents() override;
 
  private:
@@ -80,6 +80,7 @@ class ManualClock : public link::Clock {
   std::map<link::Timer, int> ticks_;
   std::vector<std::string> port_errors_;
   int ended_silently_ = 0;
+  int passes_without_end_ = 0;
   Listener* listener_ = nullptr;
   CallLog* log_ = nullptr;
 };
