@@ -2,12 +2,18 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QSocketNotifier>
+
+#include <sys/timerfd.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace vantrel::link {
 
-EventLoopClock::EventLoopClock() {
+EventLoopClock::EventLoopClock()
+    : alarm_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)) {
   for (const Timer timer : {Timer::TimeOut, Timer::WaitTimer}) {
     QTimer& qtimer = TimerOf(timer);
     qtimer.setSingleShot(true);
@@ -16,9 +22,26 @@ EventLoopClock::EventLoopClock() {
       if (listener_ != nullptr) listener_->OnTick(timer);
     });
   }
+  if (!alarm_.IsOpen()) return;
+  alarm_notifier_ = std::make_unique<QSocketNotifier>(alarm_.Get(), QSocketNotifier::Read);
+  QObject::connect(alarm_notifier_.get(), &QSocketNotifier::activated, alarm_notifier_.get(),
+                   [this] {
+                     std::uint64_t expirations = 0;
+                     [[maybe_unused]] const ssize_t read_bytes =
+                         read(alarm_.Get(), &expirations, sizeof expirations);
+                   });
 }
 
-void EventLoopClock::Start(Timer timer, int milliseconds) { TimerOf(timer).start(milliseconds); }
+EventLoopClock::~EventLoopClock() = default;
+
+void EventLoopClock::Start(Timer timer, int milliseconds) {
+  TimerOf(timer).start(milliseconds);
+  if (timer != Timer::WaitTimer || !alarm_.IsOpen()) return;
+  // After the timer, so that it is due when the loop wakes.
+  itimerspec at = {};
+  at.it_value = {milliseconds / 1000, milliseconds % 1000 * 1'000'000L};
+  timerfd_settime(alarm_.Get(), 0, &at, nullptr);
+}
 
 void EventLoopClock::Stop(Timer timer) { TimerOf(timer).stop(); }
 

@@ -1,8 +1,13 @@
 #pragma once
 
 #include "link/clock.h"
+#include "link/unique_descriptor.h"
 
 #include <QTimer>
+
+#include <memory>
+
+class QSocketNotifier;
 
 namespace vantrel::link {
 
@@ -11,6 +16,9 @@ namespace vantrel::link {
 class EventLoopClock : public Clock {
  public:
   EventLoopClock();
+  ~EventLoopClock() override;
+  EventLoopClock(const EventLoopClock&) = delete;
+  EventLoopClock& operator=(const EventLoopClock&) = delete;
 
   void SetListener(Listener* listener) override { listener_ = listener; }
   void Start(Timer timer, int milliseconds) override;
@@ -31,6 +39,11 @@ class EventLoopClock : public Clock {
 
   QTimer time_out_;
   QTimer wait_timer_;
+  // Wakes the event loop when `wait_timer_` is due. The loop sleeps for whole milliseconds, and
+  // once more after each event, so by itself it comes up to a millisecond late. Ticks are the
+  // timers' alone; where the system has no such descriptor they come as late as that.
+  UniqueDescriptor alarm_;
+  std::unique_ptr<QSocketNotifier> alarm_notifier_;
   Listener* listener_ = nullptr;
 };
 
