@@ -6,7 +6,6 @@
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -14,7 +13,6 @@
 #include <QTabWidget>
 #include <QTimer>
 
-#include <cmath>
 #include <iostream>
 #include <stdexcept>
 
@@ -59,6 +57,7 @@ void Tour::Run() {
   MoveCard();
   Maintain();
   PrintCard();
+  PhotographBoth();
   ShowTheOthers();
   Photograph(console_, "console");
   PhotographPrinter();
@@ -120,7 +119,7 @@ void Tour::PrintCard() {
       "CmdNext");
   Press("Cmd5A");
 
-  // A face of 8 x 16 dots in register 0, and a small wave as an image.
+  // A face of 8 x 16 dots in register 0, and where 41h expands it.
   Fill(
       "font",
       [](QDialog& form) {
@@ -137,30 +136,6 @@ void Tour::PrintCard() {
   boxes_.Expect([](QDialog& box) { PressButton(box, "OK"); });
   Press("Cmd45");
   Fill(
-      "image",
-      [](QDialog& form) {
-        TypeInto(form, "TxtXCoordinate", "20");
-        TypeInto(form, "TxtYCoordinate", "30");
-        ClickOn(form, "CmdSet");
-        for (int column = 0; column < 40; ++column)
-          for (int thickness = 0; thickness < 4; ++thickness)
-            ClickDot(form, "Lbldot",
-                     column * 40 + 18 + thickness + static_cast<int>(12 * std::sin(column * 0.32)));
-      },
-      "CmdNext");
-  Press("Cmd4D");
-
-  boxes_.Expect([this](QDialog& form) {
-    ClickOn(form, "Opt_direction_3");
-    TypeInto(form, "TxtXCoordinate", "30");
-    TypeInto(form, "TxtYCoordinate", "100");
-    form.findChild<QLineEdit*>("TxtPrint")->setText("Rewritable");
-    Photograph(form, "print-data");
-    ClickOn(form, "Cmd_EscEe");
-  });
-  Type("esc-input", "22");
-  Press("Cmd41");
-  Fill(
       "",
       [](QDialog& form) {
         ClickOn(form, "Opt_direction_3");
@@ -171,26 +146,7 @@ void Tour::PrintCard() {
   Answer("", "Yes");
   Type("", "0");
   Press("Cmd41");
-  Fill(
-      "barcode",
-      [](QDialog& form) {
-        ClickOn(form, "OptBarcodeType_3");
-        for (const char* key : {"CmdKey_2", "CmdKey_0", "CmdKey_2", "CmdKey_6"}) ClickOn(form, key);
-      },
-      "CmdNext");
-  Press("Cmd4E");
-  Type("method-input", "0");
-  Press("Cmd48");
-  Type("", "0");
-  Press("Cmd46");
-  const printer::Bitmap& face = model_.State().card.face;
-  QImage card(face.Width(), face.Height(), QImage::Format_Mono);
-  card.fill(1);
-  for (int y = 0; y < face.Height(); ++y)
-    for (int x = 0; x < face.Width(); ++x)
-      if (face.At(x, y)) card.setPixel(x, y, 0);
-  if (!card.save(folder_.filePath("card.png")))
-    throw std::runtime_error("card.png cannot be written.");
+  PrintClubCard();
 }
 
 void Tour::ShowTheOthers() {

@@ -11,11 +11,23 @@
 #include "tour/box_watcher.h"
 
 #include <QDir>
+#include <QImage>
+#include <QPoint>
 
 #include <functional>
 #include <string>
 
 namespace vantrel::tour {
+
+// What the form of 41h is given.
+struct ClubText {
+  int direction;
+  int x;
+  int y;
+  QString text;
+  const char* sequence;  // the button
+  const char* number;    // what it is answered
+};
 
 // A walk through the console with a software printer on a pseudo-terminal: presses buttons, answers
 // what they ask, prints what was sent, what came back and what it means, and takes pictures of the
@@ -52,8 +64,19 @@ class Tour {
   void MoveCard();
   void Maintain();
   void PrintCard();
+  // The card of examples/club-card.sh, dot by dot, by the console's commands alone.
+  void PrintClubCard();
+  // 41h with a sequence of the form, which asks for a number. `picture` is of the form.
+  void PrintText(const ClubText& text, const QString& picture = {});
+  // 4Dh with what the picture has in the 40 by 40 dots from (left, top) on.
+  void DrawBlock(const QImage& emblem, QPoint corner, const QString& picture);
+  // What the card shows, as a picture of white and black dots, and with the edge of a card.
+  void SaveCard();
   // The forms and boxes that the rest of the tour does not come by.
   void ShowTheOthers();
+
+  // Console and printer beside each other, as on a desktop.
+  void PhotographBoth();
 
   void Save(QWidget& window, const QString& name);
 
