@@ -77,12 +77,40 @@ bool IsCapitals(std::string_view word) {
 
 std::string SynopsisStyle(std::string_view text) { return Styled(text, IsCapitals); }
 
-// Prose on one line each sentence, so that no line begins with a control character and changes
-// read well.
-std::string InLines(std::string styled) {
-  for (std::size_t i = styled.find(". "); i != std::string::npos; i = styled.find(". ", i + 1))
-    styled[i + 1] = '\n';
-  return styled + '\n';
+// What is wrapped keeps to this many characters a line; a longer word stands alone.
+constexpr std::size_t kLineLength = 80;
+
+// One sentence on lines of their own, none longer than can be avoided. A line that would begin with
+// a roff request begins with a mark of no width.
+std::string Wrapped(std::string_view sentence) {
+  std::string lines;
+  std::size_t length = 0;
+  while (!sentence.empty()) {
+    const std::size_t end = std::min(sentence.find(' '), sentence.size());
+    std::string word(sentence.substr(0, end));
+    sentence.remove_prefix(std::min(end + 1, sentence.size()));
+    if (length > 0 && length + 1 + word.size() <= kLineLength) {
+      lines += ' ';
+      ++length;
+    } else {
+      if (!lines.empty()) lines += '\n';
+      if (word.starts_with('.') && !lines.empty()) word.insert(0, "\\&");
+      length = 0;
+    }
+    lines += word;
+    length += word.size();
+  }
+  return lines + '\n';
+}
+
+// Prose with a new line for each sentence, so that changes read well.
+std::string InLines(std::string_view styled) {
+  std::string lines;
+  for (std::size_t i = styled.find(". "); i != std::string_view::npos; i = styled.find(". ")) {
+    lines += Wrapped(styled.substr(0, i + 1));
+    styled.remove_prefix(i + 2);
+  }
+  return lines + Wrapped(styled);
 }
 
 std::string Prose(const std::string& text, const std::string& value_name) {
@@ -102,7 +130,7 @@ std::string Synopsis(const Program& program) {
   for (const std::string& line : SynopsisOf(program)) {
     if (!first) text += ".PP\n";
     first = false;
-    text += ".B " + Escaped(program.name) + '\n' + SynopsisStyle(line) + '\n';
+    text += ".B " + Escaped(program.name) + '\n' + Wrapped(SynopsisStyle(line));
   }
   return text;
 }

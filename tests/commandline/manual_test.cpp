@@ -35,9 +35,26 @@ TEST(Manual, WritesEachSection) {
 TEST(Manual, HasNothingThatItsReadersWarnOf) {
   for (const Program* program : {&Dispenser(), &Copier()}) {
     const std::string path = TemporaryFile(program->name + ".1", ManualPage(*program, kPage));
-    EXPECT_EQ(OutputOf("mandoc -T lint -W warning " + path), "");
+    EXPECT_EQ(OutputOf("mandoc -T lint " + path), "");
     EXPECT_EQ(OutputOf("LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -l " + path + " >/dev/null"), "");
   }
+}
+
+TEST(Manual, WrapsLinesAndHidesADotAtTheBeginningOfOne) {
+  const Program program{
+      .name = "wrapper",
+      .version = "1",
+      .summary = "wraps",
+      .options = {{.name = "all",
+                   .help =
+                       "Keeps every single row of what went over the long line in a file that ends "
+                       "in .csv or .txt. Says so."}}};
+  const std::string manual = ManualPage(program, "@OPTIONS@\n");
+  EXPECT_NE(manual.find(
+                "\nKeeps every single row of what went over the long line in a file that ends in\n"
+                "\\&.csv or .txt.\nSays so.\n"),
+            std::string::npos)
+      << manual;
 }
 
 TEST(Manual, RefusesAPlaceholderThatStandsForNothing) {
