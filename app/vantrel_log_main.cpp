@@ -1,13 +1,17 @@
+// The program for captures as it is called. It needs no library for windows; for one, another
+// program takes its place, in the same process.
+
+#include "app/become_window.h"
 #include "app/log_table.h"
-#include "app/view_captures.h"
 #include "commandline/fault.h"
 #include "commandline/parse.h"
 #include "log/capture_commands.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <iostream>
+#include <string>
 
-// Only view needs a display.
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   vantrel::commandline::EndOnFaults("vantrel-log");
@@ -23,6 +27,10 @@ int main(int argc, char** argv) {
   if (command == "compare")
     return vantrel::log::CompareCaptures(parameters[0], parameters[1], parsed.Has("json"),
                                          std::cout, std::cerr);
-  if (command == "view") return vantrel::app::ViewCaptures(argc, argv, parameters);
+  if (command == "view") {
+    const std::string problem = vantrel::app::BecomeWindow(VANTREL_LOG_WINDOW, argv);
+    std::cerr << "vantrel-log: " << problem << "; show needs none.\n";
+    return EXIT_FAILURE;
+  }
   return vantrel::log::ConvertCapture(parameters[0], parameters[1], std::cerr);
 }

@@ -6,6 +6,10 @@
 
 #include <dlfcn.h>
 
+#include <filesystem>
+#include <string>
+#include <system_error>
+
 namespace vantrel::send {
 namespace {
 
@@ -14,8 +18,14 @@ constexpr std::size_t kLargestFile = std::size_t{64} * 1024 * 1024;
 using Read = decltype(&VantrelReadPicture);
 
 Read LoadLibrary() {
-  // Found by the program's own search path, beside it in the build and as it is installed.
-  void* library = dlopen("vantrel-pictures.so", RTLD_NOW | RTLD_LOCAL);
+  // It lies as far from the program in the build as it does installed.
+  std::error_code error;
+  const auto here = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+  const std::string path = (here / VANTREL_PICTURES).lexically_normal().string();
+  if (!std::filesystem::exists(path, error))
+    throw PictureError("Pictures cannot be read: " + path +
+                       " is not installed; it is in the package vantrel.");
+  void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   void* function = library != nullptr ? dlsym(library, "VantrelReadPicture") : nullptr;
   if (function == nullptr)
     throw PictureError(std::string("Pictures cannot be read: ") + dlerror() + ".");

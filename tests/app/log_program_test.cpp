@@ -179,6 +179,25 @@ TEST_F(LogProgramTest, ViewsTwoCaptures) {
   EXPECT_TRUE(ReadsAll(b));
 }
 
+TEST_F(LogProgramTest, SaysThatTheProgramWithItsWindowIsNotThere) {
+  // As where nothing with windows is installed.
+  ASSERT_TRUE(QDir(folder_.path()).mkpath("bin"));
+  const QString alone = Path("bin/vantrel-log");
+  ASSERT_TRUE(QFile::copy(VANTREL_PROGRAMS "/vantrel-log", alone));
+  const QString path = Write("a.pcapng", {{kTo, "02210322"}});
+  program_.start(alone, {"view", path});
+  ASSERT_TRUE(program_.waitForFinished());
+  EXPECT_EQ(program_.exitCode(), 1);
+  EXPECT_EQ(program_.readAllStandardError(),
+            "vantrel-log: the window's program " +
+                QFileInfo(folder_.path()).canonicalFilePath().toUtf8() +
+                "/libexec/vantrel/vantrel-log-window is not installed; it is in the package "
+                "vantrel, which has all windows; show needs none.\n");
+  program_.start(alone, {"show", path});
+  ASSERT_TRUE(program_.waitForFinished());
+  EXPECT_EQ(program_.exitCode(), 0);
+}
+
 TEST_F(LogProgramTest, TellsWrongUse) {
   for (const QStringList& arguments : {QStringList{},
                                        {"view"},

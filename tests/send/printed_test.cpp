@@ -3,9 +3,12 @@
 #include "tests/send/send_program.h"
 #include "tests/support/patience.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QPainter>
+#include <QProcess>
 #include <QProcessEnvironment>
 
 namespace vantrel::send {
@@ -286,6 +289,23 @@ class Unreadable : public SendProgram {
     return ended.errors.chopped(hint.size()).toStdString();
   }
 };
+
+TEST_F(Unreadable, PicturesWhereTheirLibraryIsNotInstalled) {
+  ASSERT_TRUE(QDir(folder_.path()).mkpath("bin"));
+  const QString alone = folder_.filePath("bin/vantrel-send");
+  ASSERT_TRUE(QFile::copy(VANTREL_SEND_PROGRAM, alone));
+  QProcess program;
+  program.start(alone, {"--port", "/dev/no-such-device", "4D", "--picture", alone});
+  ASSERT_TRUE(program.waitForFinished());
+  EXPECT_EQ(program.exitCode(), 2);
+  const QByteArray errors = program.readAllStandardError();
+  EXPECT_TRUE(errors.startsWith("vantrel-send: Pictures cannot be read: " +
+                                QFileInfo(folder_.path()).canonicalFilePath().toUtf8() + "/lib"))
+      << errors.toStdString();
+  EXPECT_TRUE(errors.contains(
+      "/vantrel/vantrel-pictures.so is not installed; it is in the package vantrel."))
+      << errors.toStdString();
+}
 
 TEST_F(Unreadable, PicturesAreRefused) {
   const QString path = folder_.filePath("a.png");

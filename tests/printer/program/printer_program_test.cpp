@@ -67,7 +67,16 @@ TEST_F(PrinterProgram, SaysThatTheProgramWithItsWindowIsNotThere) {
       QFileInfo(folder_.path()).canonicalFilePath() + "/libexec/vantrel/vantrel-printer-window";
   EXPECT_EQ(program_.readAllStandardError(),
             "vantrel-printer: the window's program " + window.toUtf8() +
-                " cannot be started: No such file or directory; --headless needs none.\n");
+                " is not installed; it is in the package vantrel, which has all windows; "
+                "--headless needs none.\n");
+  // As where it is there and cannot be run.
+  ASSERT_TRUE(QDir().mkpath(QFileInfo(window).path()));
+  ASSERT_TRUE(QFile(window).open(QIODevice::WriteOnly));
+  program_.start(alone, {});
+  EXPECT_EQ(End(), 1);
+  EXPECT_EQ(program_.readAllStandardError(),
+            "vantrel-printer: the window's program " + window.toUtf8() +
+                " cannot be started: Permission denied; --headless needs none.\n");
   program_.start(alone, {"--headless"});
   ASSERT_TRUE(program_.waitForReadyRead(support::kPatience));
   EXPECT_TRUE(support::DeviceUser(program_.readLine().trimmed().toStdString()).IsOpen());
