@@ -2,6 +2,7 @@
 # judgement of a reply and its words, and the protocol's tables. Its headers are <vantrel/link/...> and
 # <vantrel/protocol/...>.
 include(CMakePackageConfigHelpers)
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 
 add_library(vantrel_protocol STATIC $<TARGET_OBJECTS:link> $<TARGET_OBJECTS:protocol>)
 set_target_properties(vantrel_protocol PROPERTIES LINKER_LANGUAGE CXX EXPORT_NAME protocol)
@@ -35,3 +36,4 @@ install(TARGETS vantrel_protocol EXPORT vantrel DESTINATION ${CMAKE_INSTALL_LIBD
 install(EXPORT vantrel NAMESPACE vantrel:: FILE vantrel-config.cmake DESTINATION ${package})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/vantrel-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/vantrel-config-version.cmake DESTINATION ${package})
+unset(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME)

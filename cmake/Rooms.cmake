@@ -28,8 +28,11 @@ if(VANTREL_HARDEN)
   include(CheckPIESupported)
   check_pie_supported()
   set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+  # Nothing of a program tells where or when it was built, so that two builds make the same bytes.
   target_compile_options(vantrel_options INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
-                                                   -fstack-protector-strong)
+                                                   -fstack-protector-strong -Wdate-time
+                                                   -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.
+                                                   -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
   target_link_options(vantrel_options INTERFACE -Wl,-z,relro,-z,now)
 endif()
 
@@ -72,10 +75,10 @@ function(vantrel_program name)
   target_link_libraries(${name} PRIVATE vantrel_options ${ARG_USES})
 endfunction()
 
-# vantrel_pages(<program> TABLE <target> PAGE <file>): makes and installs the program's manual page and its completions
-# for bash and zsh. <target> defines commandline::ThisProgram; <file> is the page's own text.
+# vantrel_pages(<program> TABLE <target> PAGE <file> COMPONENT <component>): makes and installs the program's manual page
+# and its completions for bash and zsh. <target> defines commandline::ThisProgram; <file> is the page's own text.
 function(vantrel_pages program)
-  cmake_parse_arguments(ARG "" "TABLE;PAGE" "" ${ARGN})
+  cmake_parse_arguments(ARG "" "TABLE;PAGE;COMPONENT" "" ${ARGN})
   set(maker make-${program}-pages)
   add_executable(${maker} ${PROJECT_SOURCE_DIR}/commandline/make_pages_main.cpp)
   target_link_libraries(${maker} PRIVATE ${ARG_TABLE} commandline)
@@ -85,15 +88,17 @@ function(vantrel_pages program)
   get_filename_component(page ${ARG_PAGE} ABSOLUTE)
   file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/pages)
   add_custom_command(
-    OUTPUT ${manual} ${bash} ${zsh}
+    OUTPUT ${manual} ${manual}.gz ${bash} ${zsh}
     COMMAND ${maker} ${page} ${manual} ${bash} ${zsh}
+    COMMAND gzip -9nkf ${manual}
     DEPENDS ${maker} ${page}
     VERBATIM)
   add_custom_target(${program}-pages ALL DEPENDS ${manual} ${bash} ${zsh})
-  install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-  install(FILES ${bash} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${program})
+  install(FILES ${manual}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${ARG_COMPONENT})
+  install(FILES ${bash} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${program}
+          COMPONENT ${ARG_COMPONENT})
   # Where Debian's zsh looks for what packages bring.
-  install(FILES ${zsh} DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  install(FILES ${zsh} DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT ${ARG_COMPONENT})
 endfunction()
 
 # vantrel_test(<name> SOURCES <file>... USES <target>...): plain GoogleTest cases, one CTest test a case.

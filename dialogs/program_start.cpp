@@ -73,7 +73,7 @@ void IdentifyApplication(const QString& name) {
     icon.addFile(QString(":/vantrel/icon/vantrel-%1.png").arg(size));
   QApplication::setApplicationName(name);
   QApplication::setApplicationVersion(VANTREL_VERSION);
-  QApplication::setDesktopFileName("vantrel");
+  QApplication::setDesktopFileName("org.vantrel.vantrel");
   QApplication::setWindowIcon(icon);
 }
 
