@@ -1,5 +1,7 @@
 #include "link/code_page.h"
 
+#include "link/frame.h"
+
 #include <iconv.h>
 
 #include <cerrno>
@@ -124,6 +126,12 @@ std::string EncodeText(std::string_view utf8, CodePage page) {
     utf8.remove_prefix(CharacterLength(utf8));
   }
   return bytes;
+}
+
+std::string StrToHex(std::string_view text, CodePage page) {
+  std::string hex;
+  for (const char byte : EncodeText(text, page)) hex += HexOf(static_cast<std::uint8_t>(byte));
+  return hex;
 }
 
 std::string DecodeBytes(std::string_view bytes, CodePage page) {

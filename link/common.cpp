@@ -42,10 +42,4 @@ std::string CalcBCC(std::string_view frame) {
   return HexOf(static_cast<std::uint8_t>(check));
 }
 
-std::string StrToHex(std::string_view text, CodePage page) {
-  std::string hex;
-  for (const char byte : EncodeText(text, page)) hex += HexOf(static_cast<std::uint8_t>(byte));
-  return hex;
-}
-
 }  // namespace vantrel::link

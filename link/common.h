@@ -26,10 +26,6 @@ std::string DecToBin(std::int16_t number);
 // characters or fewer gives "00".
 std::string CalcBCC(std::string_view frame);
 
-// The character codes of UTF-8 text in the code page, as hex text: two digits for a character of
-// one byte, four for one of two bytes. What the page lacks is sent as "?" (3F).
-std::string StrToHex(std::string_view text, CodePage page);
-
 // What a sub-form hands back to the console. One instance lives for the whole run.
 struct CommonVariables {
   // The data field that a sub-form composed, as plain UTF-8 text; the console turns it into hex

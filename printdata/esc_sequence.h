@@ -1,25 +1,21 @@
 #pragma once
 
-#include "dialogs/dialogs.h"
-
 #include <span>
 #include <string>
 #include <vector>
 
 namespace vantrel::printdata {
 
-// One demonstration of an ESC control sequence inside the print text of 41h: the button that
-// starts it, what it asks and the body that it composes.
-
 // Numbers from `first` to `last`, both accepted.
 struct NumberRange {
-  int first;
-  int last;
+  int first;  // the smallest
+  int last;   // the largest
 };
 
+// The question for the number of a sequence.
 struct EscPrompt {
-  std::string text;
-  std::vector<NumberRange> accepted;
+  std::string text;                   // which numbers it takes and what they do
+  std::vector<NumberRange> accepted;  // those numbers
 };
 
 // The pieces that a body is put together from, n being the number typed at the prompt.
@@ -35,20 +31,26 @@ enum class EscPiece {
 };
 
 // Whether the button first asks the Yes/No question about printers that lack the sequence, and
-// whether a No leaves DataString empty or as it was.
-enum class EscNotice { kNone, kNoEmptiesData, kNoKeepsData };
+// whether a No leaves the composed data empty or as it was.
+enum class EscNotice {
+  kNone,           // it does not ask
+  kNoEmptiesData,  // No leaves nothing
+  kNoKeepsData,    // No leaves the data as it was
+};
 
+// One demonstration of an ESC control sequence inside the print text of 41h: the button that starts
+// it, what it asks and the body that it composes.
 struct EscSequence {
-  std::string name;     // the button's
-  std::string caption;  // the button's
-  std::string label;    // the beginning of the prompt's title
-  std::string panel1;
-  std::string panel2;  // empty: panel 2 keeps its text
-  EscPrompt vertical;
-  EscPrompt horizontal;  // differs from `vertical` for ESC X and ESC Y alone
-  char letter;           // the one that is sent, whatever other case the label names
-  std::vector<EscPiece> body;
-  EscNotice notice = EscNotice::kNone;
+  std::string name;                     // the button's
+  std::string caption;                  // the button's
+  std::string label;                    // the beginning of the prompt's title
+  std::string panel1;                   // what it does, the first hint
+  std::string panel2;                   // the second hint; empty: the one shown before stays
+  EscPrompt vertical;                   // for directions 0 and 2
+  EscPrompt horizontal;                 // differs from `vertical` for ESC X and ESC Y alone
+  char letter;                          // the one that is sent, whatever other case the label names
+  std::vector<EscPiece> body;           // what the print text is made of, piece by piece
+  EscNotice notice = EscNotice::kNone;  // what is asked first
 };
 
 // The eighteen sequences, in the order of their buttons.
@@ -57,26 +59,8 @@ std::span<const EscSequence> EscSequences();
 // Whether a reply of `number` ends the prompt.
 bool Accepts(const EscPrompt& prompt, int number);
 
-// The print text and the sequence put together, in UTF-8. `number` is one that the prompt accepts.
+// The print text and the sequence put together, in UTF-8, as it follows the header of 41h. `number`
+// is one that the prompt accepts.
 std::string ComposeEscBody(const EscSequence& sequence, int number, const std::string& print_text);
-
-// What an ESC button reads from its form and writes to it.
-class EscForm {
- public:
-  virtual ~EscForm() = default;
-  virtual std::string PrintText() const = 0;
-  // Whether direction 0 or 2 is the one selected.
-  virtual bool IsVerticalSelected() const = 0;
-  // `panel` is 1 or 2.
-  virtual std::string PanelText(int panel) const = 0;
-  virtual void SetPanelText(int panel, const std::string& text) = 0;
-};
-
-// A press of the sequence's button: asks, and composes the body into `data_string`. Returns true
-// when the form is to unload, false when the user answered No. The prompt returns until its reply
-// is accepted: its number is the whole number nearest to the one that the reply begins with, halves
-// to even; Cancel and an empty reply are 0.
-bool RunEscSequence(const EscSequence& sequence, EscForm& form, dialogs::Dialogs& dialogs,
-                    std::string& data_string);
 
 }  // namespace vantrel::printdata

@@ -3,7 +3,7 @@
 #include "dialogs/dialogs.h"
 #include "dialogs/sub_form.h"
 #include "link/common.h"
-#include "printdata/esc_sequence.h"
+#include "printdata/esc_prompt.h"
 #include "printdata/print_buffer.h"
 
 #include <array>

@@ -8,13 +8,19 @@ namespace vantrel::protocol {
 
 // A barcode as 4Eh asks for it.
 struct Barcode {
-  enum class Type { kCode128, kCode39, kItf, kCodabar };
+  // How the bars stand for the data.
+  enum class Type {
+    kCode128,  // at most 11 symbol values, 0 to 102
+    kCode39,   // at most 10 of "0123456789-. $/+%"
+    kItf,      // at most 20 digits
+    kCodabar,  // at most 13 of "0123456789-.:$/+" between a start and an end character, 'A' to 'D'
+  };
 
-  Type type = Type::kCode128;
-  bool subscript = false;  // its data in characters below the bars
-  int start = 0;           // the first and the last line of dots of the bars, 0 to 319
-  int end = 0;
-  char code_set = 'A';  // Code 128: the set of the start character, 'A' to 'C'
+  Type type = Type::kCode128;  // how the data are encoded
+  bool subscript = false;      // its data in characters below the bars
+  int start = 0;               // the first line of dots of the bars, 0 to 319
+  int end = 0;                 // the last line of dots of the bars, 0 to 319
+  char code_set = 'A';         // Code 128: the set of the start character, 'A' to 'C'
   // The symbol values of a Code 128 symbol between its start and its check character, 0 to 102;
   // of the other types the characters, CODABAR's with its start and end characters.
   std::string data;

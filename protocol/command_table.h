@@ -12,7 +12,7 @@ namespace vantrel::protocol {
 
 // All that is known of a command and its data; the one row of a command in this room.
 struct CommandEntry {
-  std::uint8_t code = 0;
+  std::uint8_t code = 0;  // as it stands after STX
   std::string_view name;  // "first track read"
   // The data as a printer takes it; see Parse.
   std::optional<CommandData> (*parse)(std::string_view data) = nullptr;
@@ -21,7 +21,7 @@ struct CommandEntry {
   std::optional<std::string> (*words)(std::string_view data) = nullptr;
 };
 
-// Every command, by rising code.
+// Every command, by rising code; 48 of them.
 std::span<const CommandEntry> AllCommands();
 
 // The entry of a code; null for a code that no command has.

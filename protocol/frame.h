@@ -9,11 +9,12 @@
 
 namespace vantrel::protocol {
 
-// The exclusive-or of a frame's content and of the ETX after it.
+// The block check of a frame: the exclusive-or of its content and of the ETX after it. The content
+// is the command's code and its data, or those of a reply.
 std::uint8_t BlockCheckOf(std::span<const std::uint8_t> content);
 
-// The whole frame around a content, which must hold neither 02h nor 03h: STX, content, ETX and
-// block check.
+// The whole frame around a content, which must hold neither 02h nor 03h (that is not looked at):
+// STX, content, ETX and block check.
 link::Bytes FrameAround(std::span<const std::uint8_t> content);
 
 // What a group of bytes on the line is.
@@ -33,6 +34,7 @@ struct FrameParts {
   // The block check that came; nothing where the frame was cut short before it.
   std::optional<std::uint8_t> check;
 
+  // Whether the block check came and is that of the content.
   bool CheckIsGood() const { return check == BlockCheckOf(content); }
 };
 

@@ -26,17 +26,20 @@ class FrameReader {
  public:
   // What a byte is to the group that it belongs to.
   struct Step {
-    GroupKind kind = GroupKind::kNoise;
+    GroupKind kind = GroupKind::kNoise;  // of that group
     bool begins = false;  // it is the group's first byte; a group that was open is over
     bool ends = false;    // it is the last byte of the group
     bool whole = false;   // it is the block check that makes a frame whole
 
+    // Whether both say the same.
     friend bool operator==(const Step&, const Step&) = default;
   };
 
+  // Reads what `sender` sends.
   explicit FrameReader(Direction sender) : sender_(sender) {}
 
-  // The next byte. Silence is not looked at here: call Settle first.
+  // The next byte, and when it came. Silence is not looked at here: call Settle first. `now` must
+  // not go back from call to call.
   Step Take(std::uint8_t byte, Moment now);
   // Ends a group whose silence has lasted by `now`; the next byte begins another.
   void Settle(Moment now);
@@ -47,8 +50,9 @@ class FrameReader {
   // stands alone. Without this call it would count as the half frame's content.
   void Overtake() { overtaken_ = IsInFrame(); }
 
-  // Whether a group may still grow, and whether that is a frame.
+  // Whether there is a group that may still grow.
   bool IsOpen() const { return place_ != Place::kNothing; }
+  // Whether that is a frame.
   bool IsInFrame() const { return place_ == Place::kContent || place_ == Place::kBlockCheck; }
   // When the open group is complete if nothing more comes; nothing while none is open.
   std::optional<Moment> Deadline() const;

@@ -12,10 +12,11 @@ namespace vantrel::protocol {
 
 // What came in whole.
 struct Arrival {
-  bool check_is_good = false;
+  bool check_is_good = false;  // the frame's block check is that of its content
   // The command code and its data: what stood between STX and ETX. May be empty.
   link::Bytes content;
 
+  // Whether both are the same frame.
   friend bool operator==(const Arrival&, const Arrival&) = default;
 };
 

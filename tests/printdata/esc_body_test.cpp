@@ -1,5 +1,5 @@
 #include "link/common.h"
-#include "printdata/esc_sequence.h"
+#include "printdata/esc_prompt.h"
 #include "printdata/print_buffer.h"
 #include "tests/printdata/esc_form_double.h"
 #include "tests/support/scripted_dialogs.h"

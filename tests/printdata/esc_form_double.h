@@ -1,6 +1,6 @@
 #pragma once
 
-#include "printdata/esc_sequence.h"
+#include "printdata/esc_prompt.h"
 
 #include <array>
 #include <stdexcept>
