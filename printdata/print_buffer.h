@@ -33,7 +33,10 @@ struct RangeError {
 };
 
 // An axis of the card's face. How long it is depends on how the card lies.
-enum class Axis { kX, kY };
+enum class Axis {
+  kX,  // to the right
+  kY,  // upwards
+};
 
 // The largest coordinate of the printable area in dots, the smallest is 0: 319 across a card and
 // 479 along it.

@@ -9,12 +9,12 @@
 
 namespace vantrel::protocol {
 
-// The meaning, in one line of ASCII, of one group of bytes as LineLog keeps them: a frame from STX
-// to block check, one control character of the printer, or bytes outside frames. A command reads
-// `41h print data: direction 2, X 0, Y 47, "Test Print", ESC E 22`, a reply
-// `reply 21h: 20h normal status, "ABC"`, a control character `06h acknowledge`. A bad block check,
-// a frame cut short and noise are named. Takes any bytes; what is very long is cut off and told by
-// its length. Empty for no bytes.
+// The meaning, in one line of ASCII, of one group of bytes as FrameReader tells them apart: a frame
+// from STX to block check, one control character of the printer, or bytes outside frames. A command
+// reads `41h print data: direction 2, X 0, Y 47, "Test Print", ESC E 22`, a reply `reply 21h: 20h
+// normal status, "ABC"`, a control character `06h acknowledge`. A bad block check, a frame cut
+// short and noise are named. Takes any bytes; what is very long is cut off and told by its length.
+// Empty for no bytes.
 std::string MeaningInWords(Direction direction, std::span<const std::uint8_t> bytes);
 
 // A command and the meaning of its data, one character a byte: `21h first track read`. Data that

@@ -14,8 +14,8 @@ inline constexpr char kEscape = 0x1B;
 // A piece of print text: a stretch of characters, a carriage return, a line feed, or one of the
 // eighteen ESC sequences.
 struct TextItem {
-  // '\0' for characters, '\r', '\n', or the letter of the sequence; upper case where the sequence
-  // takes either case.
+  // NUL for characters, CR, LF, or the letter of the sequence; upper case where the sequence takes
+  // either case.
   char letter = '\0';
   int value = 0;     // of the sequence; of ESC E, 11 to 22: the height's factor, then the width's
   std::string text;  // the characters' bytes, in the printer's code page

@@ -8,9 +8,13 @@ TEST_PACKAGES=(libgtest-dev libgmock-dev man-db mandoc openbox python3 python3-p
                wireshark-common xauth xvfb zbar-tools zsh)
 # For .ci/run: what checks the sources, the packaging files and the programs, what remembers what was compiled, and the
 # benchmarks' and fuzz targets' own.
-CHECK_PACKAGES=(appstream binutils ccache clang-format clang-tidy desktop-file-utils git mandoc)
+CHECK_PACKAGES=(appstream binutils ccache clang-format clang-tidy desktop-file-utils doxygen git mandoc)
 BENCH_PACKAGES=(libbenchmark-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
+# For scripts/compare-start: what `vantrel` is measured beside, and a screen for it.
+COMPARE_PACKAGES=(cutecom dbus-daemon gtkterm openbox putty python3-xlib xvfb)
+# For scripts/draw-house.
+DRAW_PACKAGES=(graphviz fonts-dejavu-core)
 # For scripts/valgrind.
 VALGRIND_PACKAGES=(valgrind libc6-dbg)
 
