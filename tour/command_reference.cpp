@@ -11,6 +11,7 @@
 #include "send/job.h"
 #include "send/table.h"
 #include "tour/command_examples.h"
+#include "tour/printer_words.h"
 
 #include <stdlib.h>
 
@@ -174,11 +175,14 @@ std::string NeedInWords(printer::Need need) {
 }
 
 std::string InThePrinter(const CommandExample& example, const printer::CommandRow& row) {
-  std::string text = NeedInWords(row.need);
+  const PrinterWords& words = PrinterWordsOf(example.code);
+  std::string text = NeedInWords(row.need) + " " + std::string(words.does);
   if (row.duration != printer::kNoTime) text += " Takes " + Seconds(row.duration) + ".";
   text += " Answers 20h";
   if (!example.statuses.empty()) text += "; " + std::string(example.statuses);
-  return text + ".";
+  text += ".";
+  if (!words.rejects.empty()) text += " Rejects it with 10h " + std::string(words.rejects) + ".";
+  return text;
 }
 
 // A text of the console without the words and blanks that it begins with.
@@ -235,8 +239,9 @@ that holds "MEMBER 0042" on its first track and "0042" on the others, and "0042"
 | what you see | what it means and what helps |
 |---|---|
 | "Time up!" at once after a command that needs no card | Nothing that can be read came back. Is the printer on, is the cable in, is this the port? At another speed than the printer's nothing can be read either: try the other speeds. |
-| "Time up!" after 20 or 30 seconds | The command waited for a card. Put one in, or end the wait with 54h. |
+| "Time up!" after 20, 30 or 60 seconds | The command waited for a card. Put one in, or end the wait with 54h. |
 | 15h again and again | The printer does not receive what was sent: wrong speed or parity, or a disturbed line. |
+| Odd bytes under "Response", or "Unknown Control Character code" | Most often the wrong speed: "Setting" - "Baud Rate", or `--speed`. Else another program that talks on the line. |
 | 10h | The printer does not know the command, or does not take its data: too long, characters out of range, 46h to 48h with "2" while case accessory parts are fitted, a track that the series does not write. |
 | "Permission denied" | You are not in the group that may use the port, on Debian `dialout`: `sudo adduser USER dialout`, then log in again. |
 | "Device or resource busy", "in use" | Another program has the port; end it. |
