@@ -28,16 +28,15 @@ class Dice {
 };
 
 // What a run of random steps is told by the environment: VANTREL_RANDOM_SEED, VANTREL_RANDOM_STEPS,
-// VANTREL_RANDOM_HOLD (the longest time in milliseconds for which the event loop may not be
-// reached) and VANTREL_RANDOM_TELL, which has every step told on standard error.
+// VANTREL_RANDOM_HOLD (the longest processor time in milliseconds for which the event loop may not
+// be reached) and VANTREL_RANDOM_TELL, which has every step told on standard error.
 struct RandomRun {
   // `usual_steps` where the environment tells none.
   explicit RandomRun(int usual_steps)
       : seed(Told("VANTREL_RANDOM_SEED", 1)),
         steps(static_cast<int>(
             Told("VANTREL_RANDOM_STEPS", static_cast<std::uint64_t>(usual_steps)))),
-        // A machine may be busy with other things.
-        longest_hold(static_cast<int>(Told("VANTREL_RANDOM_HOLD", 10000))),
+        longest_hold(static_cast<int>(Told("VANTREL_RANDOM_HOLD", 1000))),
         tells(std::getenv("VANTREL_RANDOM_TELL") != nullptr) {}
 
   std::string Again() const {

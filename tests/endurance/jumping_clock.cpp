@@ -59,7 +59,7 @@ bool IsPseudoTerminal(int descriptor) {
 void JumpingClock::Begin() {
   base[0] = RealTime(CLOCK_REALTIME);
   base[1] = RealTime(CLOCK_MONOTONIC);
-  loop_left = base[1];
+  loop_left = RealTime(CLOCK_THREAD_CPUTIME_ID);
   jumps = true;
 }
 
@@ -107,7 +107,7 @@ int ppoll(pollfd* descriptors, nfds_t count, const timespec* timeout, const sigs
     return static_cast<int>(syscall(SYS_ppoll, descriptors, count,
                                     timeout != nullptr ? &rest : nullptr, mask, kSignalSet));
   }
-  longest_hold = std::max(longest_hold, RealTime(CLOCK_MONOTONIC) - loop_left);
+  longest_hold = std::max(longest_hold, RealTime(CLOCK_THREAD_CPUTIME_ID) - loop_left);
   int ready = Poll(descriptors, count, on_the_way > 0 ? kArrival : timespec{}, mask);
   if (ready == 0) {
     on_the_way = 0;
@@ -118,7 +118,7 @@ int ppoll(pollfd* descriptors, nfds_t count, const timespec* timeout, const sigs
       ++waits;
     }
   }
-  loop_left = RealTime(CLOCK_MONOTONIC);
+  loop_left = RealTime(CLOCK_THREAD_CPUTIME_ID);
   return ready;
 }
 

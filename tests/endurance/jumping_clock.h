@@ -21,7 +21,8 @@ class JumpingClock {
   // How often time has jumped.
   static std::int64_t Waits();
 
-  // The longest real time for which the event loop was not reached since the last call of this.
+  // The longest processor time of this thread for which the event loop was not reached since the
+  // last call of this. What other programs on the machine take is not in it.
   static std::chrono::milliseconds TakeLongestHold();
 };
 

@@ -222,10 +222,10 @@ std::string RandomConsole::ActOnConsole() {
 }
 
 void RandomConsole::Step() {
-  if (closed_) return;
   static constexpr std::array kThoughts = {1, 20, 50, 50, 120, 300, 300, 1000, 6000};
   // The loop that counts the steps may be waiting for a box that is open.
-  if (steps_ >= run_.steps || HasFailure()) leaving_ = true;
+  // The second press of a double click may open one after Exit, where the program has ended.
+  if (steps_ >= run_.steps || HasFailure() || closed_) leaving_ = true;
   if (leaving_) {
     clock_.start(5);
     ++depth_;
