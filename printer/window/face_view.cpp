@@ -65,7 +65,12 @@ QSize FaceView::sizeHint() const {
 }
 
 QSize FaceView::minimumSizeHint() const {
-  return zoom_ ? sizeHint() : image_.size() * kLeastScale + QSize(2 * kMargin, 2 * kMargin);
+  if (zoom_) return sizeHint();
+  // A standing card is no higher than a lying one, so that turning it needs no scrolling.
+  QSize lying = image_.size();
+  if (lying.height() > lying.width()) lying.transpose();
+  return image_.size().scaled(lying * kLeastScale, Qt::KeepAspectRatio) +
+         QSize(2 * kMargin, 2 * kMargin);
 }
 
 void FaceView::paintEvent(QPaintEvent*) {

@@ -128,15 +128,17 @@ TEST_F(FrmPrinterCard, ZoomsTheFace) {
 }
 
 TEST_F(FrmPrinterCard, FitsTheStandingCard) {
-  form_.resize(1024, 640);
   Click("CmdTurn");
   auto* face = Find<FaceView>("FaceView");
   auto* scroll = Find<QScrollArea>("ScrFace");
-  QCoreApplication::processEvents();
-  EXPECT_EQ(scroll->verticalScrollBar()->maximum(), 0);
-  EXPECT_LE(480 * face->Scale(), scroll->viewport()->height());
-  EXPECT_LT(face->Scale(), 1);
-  EXPECT_TRUE(Find<QLabel>("LblScale")->text().endsWith(" %"));
+  for (const QSize& size : {QSize(1024, 640), form_.minimumSizeHint()}) {
+    form_.resize(size);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(scroll->verticalScrollBar()->maximum(), 0);
+    EXPECT_LE(480 * face->Scale(), scroll->viewport()->height());
+    EXPECT_LT(face->Scale(), 1);
+    EXPECT_TRUE(Find<QLabel>("LblScale")->text().endsWith(" %"));
+  }
 }
 
 TEST_F(FrmPrinterCard, HasAnEdgeThatIsSeenOnWhite) {
