@@ -76,14 +76,18 @@ Exchange Sender::Send(const std::string& frame, int time_limit) {
     exchange.outcome = OutcomeOf(link::JudgeReply(transaction_.ReceiveBuffer(), frame));
     exchange.meaning = Trimmed(shown_.Text(link::Field::TxtResponse));
   } catch (const link::PortError& error) {
-    exchange.outcome = Outcome::kFailed;
+    // A reply that was whole before the line went counts. What stands there before this frame was
+    // sent is an earlier one's.
+    const bool is_whole = HasSent() && link::JudgeReply(transaction_.ReceiveBuffer(), frame) ==
+                                           link::Judgement::kComplete;
+    exchange.outcome = is_whole ? Outcome::kReply : Outcome::kFailed;
     exchange.meaning = error.what();
   } catch (const link::ExchangeEnded&) {
     exchange.outcome = Outcome::kCancelled;
     exchange.meaning = "The command was cancelled by a signal.";
   }
   exchange.milliseconds = port_.MillisecondsSinceSent();
-  exchange.received = transaction_.ReceiveBuffer();
+  if (HasSent()) exchange.received = transaction_.ReceiveBuffer();
   exchange.resends = shown_.Resends();
   if (exchange.outcome != Outcome::kReply) return exchange;
   exchange.status = link::ReplyStatus(exchange.received);

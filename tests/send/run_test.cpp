@@ -143,6 +143,46 @@ TEST_F(RunTest, GivesUpAnOutputThatNobodyReadsAtASecondSignal) {
   EXPECT_EQ(interrupts_.Count(), 2);
 }
 
+// The reply is whole; the next command is the first that the loss stops.
+TEST_F(RunTest, CountsAReplyThatWasWholeBeforeTheLineWent) {
+  port_.Open();
+  port_.WhenWritten([this](const std::string&) {
+    clock_.After(5, [this] {
+      port_.Receive("06025820037B");
+      port_.Lose();
+    });
+  });
+  const Exchange exchange = sender_.Send("0258035B", 1000);
+  EXPECT_EQ(exchange.outcome, Outcome::kReply);
+  EXPECT_EQ(exchange.status, 0x20U);
+  EXPECT_EQ(exchange.meaning, "20h: Normal Status");
+  EXPECT_EQ(sender_.Send("0258035B", 1000).outcome, Outcome::kFailed);
+}
+
+TEST_F(RunTest, CountsNoEarlierReplyWhereTheLineGoesBeforeTheFrame) {
+  port_.Open();
+  printer_.Replies("06025820037B");
+  EXPECT_EQ(sender_.Send("0258035B", 1000).outcome, Outcome::kReply);
+  clock_.After(0, [this] { port_.Lose(); });
+  const Exchange exchange = sender_.Send("0258035B", 1000);
+  EXPECT_EQ(exchange.outcome, Outcome::kFailed);
+  EXPECT_FALSE(exchange.status);
+  EXPECT_EQ(exchange.received, "");
+}
+
+TEST_F(RunTest, CountsNoReplyThatTheLineHasCutShort) {
+  port_.Open();
+  port_.WhenWritten([this](const std::string&) {
+    clock_.After(5, [this] {
+      port_.Receive("0602582003");
+      port_.Lose();
+    });
+  });
+  const Exchange exchange = sender_.Send("0258035B", 1000);
+  EXPECT_EQ(exchange.outcome, Outcome::kFailed);
+  EXPECT_EQ(exchange.received, "0602582003");
+}
+
 // Whatever bytes come as data, what is told of them is UTF-8.
 TEST_F(RunTest, TellsAnyBytesInUtf8) {
   std::string bytes;
