@@ -6,9 +6,10 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libfreetyp
 RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback fonts-terminus-otb fonts-unifont)
 TEST_PACKAGES=(libgtest-dev libgmock-dev man-db mandoc openbox python3 python3-pytest python3-serial ser2net socat tshark
                wireshark-common xauth xvfb zbar-tools zsh)
-# For .ci/run: what checks the sources, the packaging files and the programs, what remembers what was compiled, and the
-# benchmarks' and fuzz targets' own.
-CHECK_PACKAGES=(appstream binutils ccache clang-format clang-tidy desktop-file-utils doxygen git mandoc)
+# For .ci/run: what checks the sources, the packaging files and the programs, what makes the packages and a system to try
+# them in, what remembers what was compiled, and the benchmarks' and fuzz targets' own.
+CHECK_PACKAGES=(appstream binutils ccache clang-format clang-tidy debian-archive-keyring debootstrap desktop-file-utils
+                doxygen dpkg-dev file git lintian mandoc mount python3-yaml)
 BENCH_PACKAGES=(libbenchmark-dev)
 FUZZ_PACKAGES=(clang libclang-rt-14-dev)
 # For scripts/compare-start: what `vantrel` is measured beside, and a screen for it.
