@@ -11,6 +11,8 @@ namespace {
 TEST(ProgramStartTest, EveryWindowHasTheIcon) {
   IdentifyApplication("test-program");
   EXPECT_EQ(QApplication::applicationName(), "test-program");
+  // That of the installed desktop entry, by which a desktop knows whose windows they are.
+  EXPECT_EQ(QApplication::desktopFileName(), "org.vantrel.vantrel");
   const QDialog window;
   EXPECT_FALSE(window.windowIcon().isNull());
   for (const int size : {16, 32, 256})
