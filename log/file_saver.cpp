@@ -40,11 +40,14 @@ std::string RealPath(const std::string& path) {
   return real ? std::string(real.get()) : std::string();
 }
 
+// The name by which this process can give an open file another one.
+std::string OwnName(int descriptor) { return "/proc/self/fd/" + std::to_string(descriptor); }
+
 }  // namespace
 
-FileSaver::FileSaver(std::string path) : path_(std::move(path)) {
+FileSaver::FileSaver(std::string path, Beside beside) : path_(std::move(path)) {
   FindTarget();
-  if (!HasFailed()) MakePart();
+  if (!HasFailed()) MakePart(beside);
 }
 
 FileSaver::~FileSaver() { Abandon(); }
@@ -85,15 +88,36 @@ void FileSaver::CheckTarget() {
   close(probe);
 }
 
-void FileSaver::MakePart() {
+void FileSaver::MakePart(Beside beside) {
+  // Nobody may read for a moment what was closed to him before.
+  const mode_t mode = exists_ ? mode_t{S_IRUSR | S_IWUSR} : mode_t{0666};
+  if (beside == Beside::kWithoutName) {
+    const std::string folder = FolderOf(target_) + '.';
+    descriptor_ = open(folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, mode);
+    if (descriptor_ >= 0 && access(OwnName(descriptor_).c_str(), F_OK) == 0) return;
+    // Where it cannot be made or could not be named, the other way tells what is wrong.
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+  UnderUnusedName([&] {
+    descriptor_ = open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    return descriptor_;
+  });
+}
+
+void FileSaver::NamePart() {
+  UnderUnusedName([this] {
+    return linkat(AT_FDCWD, OwnName(descriptor_).c_str(), AT_FDCWD, part_.c_str(),
+                  AT_SYMLINK_FOLLOW);
+  });
+}
+
+template <typename Make>
+void FileSaver::UnderUnusedName(const Make& make) {
   static std::atomic<unsigned> made{0};
   for (int i = 0; i < kMostNames; ++i) {
     part_ = FolderOf(target_) + ".vantrel-" + std::to_string(getpid()) + '-' +
             std::to_string(made.fetch_add(1));
-    // Nobody may read for a moment what was closed to him before.
-    descriptor_ = open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
-                       exists_ ? mode_t{S_IRUSR | S_IWUSR} : mode_t{0666});
-    if (descriptor_ >= 0) return;
+    if (make() >= 0) return;
     if (errno != EEXIST) break;
   }
   part_.clear();
@@ -131,6 +155,7 @@ void FileSaver::HandOn() {
 std::string FileSaver::Commit() {
   if (Flush() && exists_) HandOn();
   if (!HasFailed() && fsync(descriptor_) != 0) FailBySystem();
+  if (!HasFailed() && part_.empty()) NamePart();
   if (!HasFailed() && close(std::exchange(descriptor_, -1)) != 0) FailBySystem();
   if (!HasFailed() && std::rename(part_.c_str(), target_.c_str()) != 0) FailBySystem();
   if (HasFailed()) {

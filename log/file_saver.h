@@ -8,16 +8,21 @@
 
 namespace vantrel::log {
 
-// Writes a file whole or not at all: what is written goes to a file of another name beside it,
-// which takes its place at the end.
+// Writes a file whole or not at all: what is written goes to another file in the same folder, which
+// takes its place at the end. Until then that file has no name, so that a program that is killed
+// leaves nothing behind; where the file system has no such files it has a name of its own,
+// ".vantrel-PID-N".
 //
 // Where the path is a link, the link stays and what it leads to is replaced, or made. A file that
 // was there hands on its mode and its owner. What is there and is no regular file, or may not be
 // written, is refused.
 class FileSaver {
  public:
-  // Begins to save. What goes wrong from here on is told by Commit.
-  explicit FileSaver(std::string path);
+  enum class Beside { kWithoutName, kNamed };
+
+  // Begins to save. What goes wrong from here on is told by Commit. With kNamed the file beside has
+  // a name from the beginning, as it has where the file system knows no other.
+  explicit FileSaver(std::string path, Beside beside = Beside::kWithoutName);
   // Without a successful Commit, what was there is as it was.
   ~FileSaver();
   FileSaver(const FileSaver&) = delete;
@@ -34,7 +39,13 @@ class FileSaver {
   void FindTarget();
   void FollowLinks();
   void CheckTarget();
-  void MakePart();
+  void MakePart(Beside beside);
+  // Makes a file under an unused name in `part_`; `make` returns -1, and sets errno, where it
+  // cannot.
+  template <typename Make>
+  void UnderUnusedName(const Make& make);
+  // Gives a name to a file that has none.
+  void NamePart();
   bool Flush();
   void HandOn();
   void Fail(const std::string& reason);
@@ -44,7 +55,7 @@ class FileSaver {
 
   std::string path_;
   std::string target_;  // where the links lead
-  std::string part_;    // what is written to; empty where there is none to remove
+  std::string part_;    // the name of what is written to; empty where there is none to remove
   int descriptor_ = -1;
   std::string pending_;
   bool exists_ = false;

@@ -5,10 +5,14 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
+#include <filesystem>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -23,6 +27,13 @@ class FileSaverTest : public testing::Test {
     std::vector<gid_t> groups(static_cast<std::size_t>(std::max(0, getgroups(0, nullptr))));
     const int count = getgroups(static_cast<int>(groups.size()), groups.data());
     return count > 0 ? groups.at(static_cast<std::size_t>(count) - 1) : getegid();
+  }
+
+  // Whether a file without a name can be made in the folder.
+  bool HasFilesWithoutName() const {
+    const int file = open(folder_.Path("").c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0600);
+    if (file >= 0) close(file);
+    return file >= 0;
   }
 
   support::FileFolder folder_;
@@ -158,6 +169,62 @@ TEST_F(FileSaverTest, LeavesWhatWasThereWithoutCommit) {
     EXPECT_TRUE(file.Write(std::string(200000, 'x')));
   }
   EXPECT_EQ(folder_.Contents("kept"), "old");
+  EXPECT_EQ(folder_.Count(), 1U);
+}
+
+TEST_F(FileSaverTest, LeavesNothingWhereItIsKilled) {
+  if (!HasFilesWithoutName()) GTEST_SKIP() << "this file system has no files without a name";
+  folder_.Make("kept", "old");
+  const pid_t child = fork();
+  if (child == 0) {
+    FileSaver file(folder_.Path("kept"));
+    // More than is kept back, so that some of it has been written.
+    file.Write(std::string(200000, 'x'));
+    raise(SIGKILL);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
+  EXPECT_EQ(folder_.Contents("kept"), "old");
+  EXPECT_EQ(folder_.Count(), 1U);
+}
+
+TEST_F(FileSaverTest, NamesAFileThatReplacesAnotherAndOneThatIsNew) {
+  folder_.Make("kept", "old and longer");
+  ASSERT_EQ(chmod(folder_.Path("kept").c_str(), 0640), 0);
+  for (const char* name : {"kept", "new"})
+    for (const auto beside : {FileSaver::Beside::kWithoutName, FileSaver::Beside::kNamed}) {
+      FileSaver file(folder_.Path(name), beside);
+      EXPECT_TRUE(file.Write(name));
+      EXPECT_EQ(file.Commit(), "");
+      EXPECT_EQ(folder_.Contents(name), name);
+    }
+  EXPECT_EQ(folder_.ModeOf("kept"), 0640U);
+  EXPECT_EQ(folder_.Count(), 2U);
+}
+
+// As where the file system has no files without a name.
+TEST_F(FileSaverTest, LeavesWhatWasThereWithoutCommitOfANamedFile) {
+  folder_.Make("kept", "old");
+  {
+    FileSaver file(folder_.Path("kept"), FileSaver::Beside::kNamed);
+    EXPECT_TRUE(file.Write(std::string(200000, 'x')));
+    EXPECT_EQ(folder_.Count(), 2U);
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.Path(""))) {
+      const std::string name = entry.path().filename();
+      EXPECT_TRUE(name == "kept" || folder_.ModeOf(name) == 0600U) << name;
+    }
+  }
+  EXPECT_EQ(folder_.Contents("kept"), "old");
+  EXPECT_EQ(folder_.Count(), 1U);
+}
+
+TEST_F(FileSaverTest, SavesInTheFolderOfTheProcessByABareName) {
+  const std::string found = std::filesystem::current_path();
+  std::filesystem::current_path(folder_.Path(""));
+  EXPECT_EQ(ReplaceFile("bare", "new"), "");
+  std::filesystem::current_path(found);
+  EXPECT_EQ(folder_.Contents("bare"), "new");
   EXPECT_EQ(folder_.Count(), 1U);
 }
 
