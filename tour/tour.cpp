@@ -24,9 +24,9 @@ constexpr int kMoment =
 
 }  // namespace
 
-Tour::Tour(const QString& folder, bool all_sizes, dialogs::Guard& guard)
+Tour::Tour(const QString& folder, const Options& options, dialogs::Guard& guard)
     : folder_(folder),
-      all_sizes_(all_sizes),
+      options_(options),
       fonts_(printer::SystemFontFolder()),
       model_(fonts_, link::SystemCodePage()),
       server_(model_),
@@ -40,6 +40,8 @@ Tour::Tour(const QString& folder, bool all_sizes, dialogs::Guard& guard)
   if (!folder_.mkpath("."))
     throw std::runtime_error("The folder " + folder.toStdString() + " cannot be made.");
   printer::RecordLineOf(server_, recorder_);
+  model_.SetInstantWork(options_.instant);
+  model_.SetPacing(!options_.instant);
   model_.SetTrack(0, "VANTREL SAMPLE CARD");
   model_.SetTrack(1, "0123456789");
   model_.SetTrack(2, "9876543210");
@@ -212,7 +214,8 @@ std::string Tour::Text(const char* name) const {
 void Tour::Photograph(QWidget& window, const QString& name) {
   QCoreApplication::processEvents();
   Save(window, name);
-  if (!all_sizes_ || window.inherits("QMessageBox") || window.inherits("QInputDialog")) return;
+  if (!options_.all_sizes || window.inherits("QMessageBox") || window.inherits("QInputDialog"))
+    return;
   const QSize usual = window.size();
   const auto save_at = [&](const QSize& size, const char* label) {
     window.resize(size);

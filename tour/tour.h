@@ -34,9 +34,14 @@ struct ClubText {
 // windows.
 class Tour {
  public:
-  // Pictures go to `folder`, which is made when it is missing; with `all_sizes`, also of each
-  // window at its smallest and at 1920 by 1080. `guard` is the console's and must outlive the tour.
-  Tour(const QString& folder, bool all_sizes, dialogs::Guard& guard);
+  struct Options {
+    bool all_sizes = false;  // also pictures of each window at its smallest and at 1920 by 1080
+    bool instant = false;    // the printer takes no time for its work and for the line
+  };
+
+  // Pictures go to `folder`, which is made when it is missing. `guard` is the console's and must
+  // outlive the tour.
+  Tour(const QString& folder, const Options& options, dialogs::Guard& guard);
 
   // Throws PortError or std::runtime_error when a step cannot be taken.
   void Run();
@@ -81,7 +86,7 @@ class Tour {
   void Save(QWidget& window, const QString& name);
 
   const QDir folder_;
-  const bool all_sizes_;
+  const Options options_;
   printer::Fonts fonts_;
   printer::PrinterModel model_;
   printer::PrinterServer server_;

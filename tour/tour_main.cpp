@@ -1,3 +1,4 @@
+#include "commandline/parse.h"
 #include "console/guarded_application.h"
 #include "dialogs/program_start.h"
 #include "tour/tour.h"
@@ -33,20 +34,32 @@ QPalette DarkPalette() {
   return palette;
 }
 
+const vantrel::commandline::Program& TourProgram() {
+  static const vantrel::commandline::Program kProgram = {
+      .name = "vantrel-tour",
+      .version = VANTREL_VERSION,
+      .summary = "walk through the console off-screen, with pictures",
+      .description =
+          "Drives the console against a software printer, prints each exchange and "
+          "writes pictures of the windows. QT_SCALE_FACTOR=2 doubles them.",
+      .options = {{.name = "all-sizes",
+                   .help = "Writes pictures of each window at its smallest and at 1920 by 1080, "
+                           "too."},
+                  {.name = "dark", .help = "Shows the windows in a dark palette."},
+                  {.name = "instant", .help = "Leaves out the times that a printer takes."}},
+      .parameters = {{.value = {.name = "FOLDER",
+                                .completion = vantrel::commandline::Completion::kFiles},
+                      .help = "Where the pictures go; it is made where it is missing."}},
+  };
+  return kProgram;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QStringList options(argv + 1, argv + argc);
-  const bool all_sizes = options.contains("--all-sizes");
-  const bool dark = options.contains("--dark");
-  if (options.size() != 1 + all_sizes + dark || options.last().startsWith("--")) {
-    std::cout
-        << "Usage: vantrel-tour [--all-sizes] [--dark] FOLDER\n"
-           "Drives the console against a software printer, prints each exchange and writes\n"
-           "pictures of the windows to FOLDER: with --all-sizes also at their smallest and at\n"
-           "1920 by 1080, with --dark in a dark palette. QT_SCALE_FACTOR=2 doubles them.\n";
-    return options == QStringList("--help") ? EXIT_SUCCESS : EXIT_FAILURE;
-  }
+  const auto [parsed, end] =
+      vantrel::commandline::Begin(TourProgram(), argc, argv, std::cout, std::cerr);
+  if (end) return *end;
   // The off-screen platform says this at every window.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
     if (!message.contains("propagateSizeHints")) std::cerr << message.toStdString() << "\n";
@@ -56,9 +69,12 @@ int main(int argc, char** argv) {
   vantrel::console::GuardedApplication application(argc, argv, dialogs,
                                                    [](int status) { std::_Exit(status); });
   vantrel::dialogs::IdentifyApplication("vantrel-tour");
-  if (dark) QApplication::setPalette(DarkPalette());
+  if (parsed.Has("dark")) QApplication::setPalette(DarkPalette());
   try {
-    vantrel::tour::Tour(options.last(), all_sizes, application).Run();
+    vantrel::tour::Tour(QString::fromStdString(parsed.Parameters().front()),
+                        {.all_sizes = parsed.Has("all-sizes"), .instant = parsed.Has("instant")},
+                        application)
+        .Run();
     return EXIT_SUCCESS;
   } catch (const std::exception& error) {
     std::cerr << "vantrel-tour: " << error.what() << "\n";
