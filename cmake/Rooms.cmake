@@ -140,3 +140,17 @@ function(vantrel_forms_test name)
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 60 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
+
+# vantrel_screen_reader_test(<name> MAIN <library> SOURCES <file>... USES <target>...): cases in which a screen reader hears
+# what a window tells it, one CTest test for all, on an X server of its own.
+function(vantrel_screen_reader_test name)
+  if(NOT VANTREL_GUI)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "MAIN" "SOURCES;USES" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+  target_link_libraries(${name} PRIVATE vantrel_options ${ARG_MAIN} Qt6::Test ${ARG_USES})
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/support/with_screen_reader $<TARGET_FILE:${name}>)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 60)
+endfunction()

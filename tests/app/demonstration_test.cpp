@@ -52,6 +52,13 @@ QList<QByteArray> ArgumentsOf(pid_t process) {
   return arguments;
 }
 
+bool HasATerminalOpen(qint64 process) {
+  const QDir descriptors(QString("/proc/%1/fd").arg(process));
+  for (const QString& descriptor : descriptors.entryList(QDir::System | QDir::Files))
+    if (QFile::symLinkTarget(descriptors.filePath(descriptor)).startsWith("/dev/pts/")) return true;
+  return false;
+}
+
 // The demonstration's console with its printer, both off-screen.
 class DemonstrationTest : public testing::Test {
  protected:
@@ -85,7 +92,10 @@ class DemonstrationTest : public testing::Test {
       if (box == nullptr || !said.isEmpty()) return;
       EXPECT_EQ(box->parentWidget(), console_.get());
       said = box->text();
-      box->button(button)->click();
+      QAbstractButton* pressed = box->button(button);
+      EXPECT_NE(pressed, nullptr) << "not among the buttons of: " << said.toStdString();
+      if (pressed == nullptr) pressed = box->buttons().constFirst();
+      pressed->click();
     });
     look.start(1);
     EXPECT_TRUE(support::WaitFor([&] { return !said.isEmpty(); }));
@@ -154,24 +164,59 @@ TEST(Demonstration, SaysThatAPrinterDidNotStart) {
 }
 
 // The program itself, to whose printer nothing but its command line tells anything.
-TEST(DemoProgram, HandsThePrinterItsOptionsAndItsPlace) {
-  QProcess demo;
-  demo.start(VANTREL_PROGRAMS "/vantrel-demo",
-             {"--card", "--series", "ql8", "--speed=19200", "--instant"});
-  ASSERT_TRUE(demo.waitForStarted());
-  QList<QByteArray> arguments;
-  EXPECT_TRUE(support::WaitFor([&] {
-    const QList<pid_t> children = ChildrenOf(demo.processId());
-    arguments = children.isEmpty() ? QList<QByteArray>() : ArgumentsOf(children.front());
-    // Between fork and exec it has the demonstration's.
-    return !arguments.isEmpty() && arguments.front().endsWith("/vantrel-printer");
-  }));
+class DemoProgramTest : public testing::Test {
+ protected:
+  ~DemoProgramTest() override {
+    if (printer_ != 0 && !ArgumentsOf(printer_).isEmpty()) kill(printer_, SIGKILL);
+  }
+
+  // Starts it with these options and waits for its printer.
+  void Start(const QStringList& options) {
+    demo_.start(VANTREL_PROGRAMS "/vantrel-demo", options);
+    ASSERT_TRUE(demo_.waitForStarted());
+    ASSERT_TRUE(support::WaitFor([&] {
+      const QList<pid_t> children = ChildrenOf(demo_.processId());
+      if (children.isEmpty()) return false;
+      // Between fork and exec it has the demonstration's arguments.
+      const QList<QByteArray> arguments = ArgumentsOf(children.front());
+      if (arguments.isEmpty() || !arguments.front().endsWith("/vantrel-printer")) return false;
+      printer_ = children.front();
+      return true;
+    }));
+  }
+
+  QProcess demo_;
+  pid_t printer_ = 0;
+};
+
+TEST_F(DemoProgramTest, HandsThePrinterItsOptionsAndItsPlace) {
+  Start({"--card", "--series", "ql8", "--speed=19200", "--instant"});
+  const QList<QByteArray> arguments = ArgumentsOf(printer_);
   ASSERT_GT(arguments.size(), 2);
-  EXPECT_TRUE(arguments[1].startsWith("--geometry=")) << arguments[1].toStdString();
+  // The off-screen platform's screen is 800 by 800. The console is 690 wide, 4 from the left, and
+  // hides 570 of the printer, which begins at 4 + 690 + 4 - 570 and has 800 - 28 - 4 of height.
+  EXPECT_EQ(arguments[1], "--geometry=1000x768+128+28") << arguments[1].toStdString();
   EXPECT_EQ(arguments.mid(2),
             QList<QByteArray>({"--card", "--series", "ql8", "--speed=19200", "--instant"}));
-  demo.terminate();
-  EXPECT_TRUE(demo.waitForFinished());
+  demo_.terminate();
+  EXPECT_TRUE(demo_.waitForFinished());
+}
+
+TEST_F(DemoProgramTest, OpensItsPrinterAsCom1) {
+  Start({});
+  EXPECT_TRUE(support::WaitFor([&] { return HasATerminalOpen(demo_.processId()); }));
+  demo_.terminate();
+  EXPECT_TRUE(demo_.waitForFinished());
+}
+
+TEST_F(DemoProgramTest, ItsPrinterEndsWithAConsoleThatIsKilled) {
+  Start({});
+  // From then on nothing but its parent's end ends the printer.
+  ASSERT_TRUE(support::WaitFor([&] { return HasATerminalOpen(demo_.processId()); }));
+  demo_.kill();
+  EXPECT_TRUE(demo_.waitForFinished());
+  // One that has ended and was not yet asked for its status has no arguments any more.
+  EXPECT_TRUE(support::WaitFor([&] { return ArgumentsOf(printer_).isEmpty(); }));
 }
 
 }  // namespace

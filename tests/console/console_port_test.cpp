@@ -139,6 +139,15 @@ TEST_F(ConsolePortTest, ADeviceThatIsTooLongIsShortenedInItsMiddle) {
   EXPECT_TRUE(has_ink(8, 20));
   EXPECT_TRUE(has_ink(picture.width() - 20, picture.width() - 8));
   EXPECT_FALSE(has_ink(0, 7));
+  // What is left of it begins with "COM" and not with one of the letters x in its middle.
+  const QFontMetrics metrics = label->fontMetrics();
+  const int line = (label->height() - metrics.height()) / 2 + metrics.ascent();
+  const QImage above_x = picture.copy(0, 0, 40, line - metrics.xHeight() - 1);
+  int capitals = 0;
+  for (int y = 0; y < above_x.height(); ++y)
+    for (int x = 8; x < above_x.width(); ++x)
+      capitals += above_x.pixelColor(x, y).red() > above_x.pixelColor(x, y).blue() + 60;
+  EXPECT_GT(capitals, 4);
 }
 
 }  // namespace

@@ -278,6 +278,13 @@ TEST_F(DotGridTest, ASetDotCanBeToldFromAClearOneInADarkTheme) {
   EXPECT_EQ(ColorAt(grid_.DotRect(5).center()), QColor(Qt::black));
   EXPECT_EQ(ColorAt(grid_.DotRect(6).topLeft() + corner), QColor(18, 18, 18));
   EXPECT_EQ(ColorAt(grid_.DotRect(5).topLeft() + QPoint(1, 1)), QColor(230, 230, 230));
+  // Its contrast against black is 2; that of white, against which no ring is needed, 21.
+  dark.setColor(QPalette::Base, QColor(60, 60, 60));
+  grid_.setPalette(dark);
+  EXPECT_EQ(ColorAt(grid_.DotRect(5).topLeft() + QPoint(1, 1)), QColor(230, 230, 230));
+  dark.setColor(QPalette::Base, Qt::white);
+  grid_.setPalette(dark);
+  EXPECT_EQ(ColorAt(grid_.DotRect(5).topLeft() + QPoint(1, 1)), QColor(Qt::black));
 }
 
 TEST_F(DotGridTest, DividersStandEveryEightDots) {

@@ -198,6 +198,15 @@ TEST_F(FontEditorTest, A16DotFontCarriesRows0To15Alone) {
   EXPECT_EQ(Next("F"), "1,F," + Times(32, "FF"));
 }
 
+TEST_F(FontEditorTest, ComesBackWithTheRowSelectorsOfThe16DotFont) {
+  editor_.Form_Activate();
+  editor_.Opt16dot_Click();
+  editor_.Form_Activate();
+  EXPECT_TRUE(editor_.RowSelectorVisible(15));
+  EXPECT_FALSE(editor_.RowSelectorVisible(16));
+  EXPECT_FALSE(editor_.RowSelectorVisible(23));
+}
+
 TEST_F(FontEditorTest, AColumnSelectorSkipsHiddenDotsARowSelectorDoesNot) {
   Open(true);
   editor_.Opt16dot_Click();
