@@ -226,13 +226,7 @@ void RandomConsole::Step() {
   // The loop that counts the steps may be waiting for a box that is open.
   // The second press of a double click may open one after Exit, where the program has ended.
   if (steps_ >= run_.steps || HasFailure() || closed_) leaving_ = true;
-  if (leaving_) {
-    clock_.start(5);
-    ++depth_;
-    RandomUser::Leave(*form_);
-    --depth_;
-    return;
-  }
+  if (leaving_) return RandomUser::LeaveInStep(*form_, clock_, depth_);
   clock_.start(dice_.OneOf(kThoughts));
   ++steps_;
   ++depth_;

@@ -107,13 +107,7 @@ std::string RandomPrinterWindow::Talk() {
 void RandomPrinterWindow::Step() {
   // The loop that counts the steps may be waiting for a box that is open.
   if (steps_ >= run_.steps || HasFailure()) leaving_ = true;
-  if (leaving_) {
-    clock_.start(5);
-    ++depth_;
-    RandomUser::Leave(*form_);
-    --depth_;
-    return;
-  }
+  if (leaving_) return RandomUser::LeaveInStep(*form_, clock_, depth_);
   if (!form_->isVisible()) return;
   static constexpr std::array kThoughts = {1, 20, 50, 120, 300, 1000, 5000};
   clock_.start(dice_.OneOf(kThoughts));

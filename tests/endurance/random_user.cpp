@@ -17,6 +17,7 @@
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 #include <array>
@@ -172,6 +173,13 @@ bool RandomUser::PointIn(QWidget& control, QPoint& point) {
              static_cast<int>(dice_.Below(static_cast<std::size_t>(seen.height()))));
   point = control.mapTo(control.window(), inside);
   return control.window()->windowHandle() != nullptr;
+}
+
+void RandomUser::LeaveInStep(const QWidget& window, QTimer& clock, int& depth) {
+  clock.start(5);
+  ++depth;
+  Leave(window);
+  --depth;
 }
 
 bool RandomUser::Click(QWidget& control) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 class QMenu;
+class QTimer;
 class QWidget;
 
 namespace vantrel::endurance {
@@ -31,6 +32,9 @@ class RandomUser {
   // Closes what is in front of `window`: a menu by Escape, a box or form by its close box. False
   // when there was nothing.
   static bool Leave(const QWidget& window);
+  // A step of someone who has finished: closes what is in front of `window`, and has the next step
+  // come soon. `depth` counts the steps that have not ended.
+  static void LeaveInStep(const QWidget& window, QTimer& clock, int& depth);
   // Clicks a control, wherever it is in its window; false where none of it can be seen.
   static bool Click(QWidget& control);
   // A text that one may type: digits, hex, letters of several scripts, a long one.
