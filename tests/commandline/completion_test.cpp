@@ -29,6 +29,13 @@ TEST(Completion, OffersTheOptionsOfTheCommandAndTheProgram) {
   EXPECT_EQ(Offered(Dispenser(), "--q"), "--quiet\n");
 }
 
+TEST(Completion, KnowsTheLetterOfAnOption) {
+  EXPECT_EQ(Offered(Dispenser(), "46 -"),
+            "--speed -s --quiet -q --log --help -h --version -v --sugar\n");
+  // What follows it is its value and no command.
+  EXPECT_EQ(Offered(Dispenser(), "-s 50 4"), "46\n");
+}
+
 TEST(Completion, OffersChoicesInBothSpellings) {
   EXPECT_EQ(Offered(Dispenser(), "2A --milk \"\""), "cow oat none\n");
   EXPECT_EQ(Offered(Dispenser(), "2A --milk = o"), "oat\n");

@@ -51,16 +51,29 @@ TEST(Help, TellsEveryLineOfTheSynopsis) {
 
 TEST(Help, BreaksLinesAtEightyColumns) {
   Program program = Copier();
-  program.options[0].help =
-      "Lists everything that there is to be listed, one to a line, in the order in which it "
-      "was found, and then says how many there were.";
-  const std::string help = HelpText(program);
-  // The second line of help would have 81 columns with one word more.
-  EXPECT_TRUE(help.ends_with(
-      "      --list     Lists everything that there is to be listed, one to a line, in\n"
-      "                 the order in which it was found, and then says how many there\n"
-      "                 were.\n"))
-      << help;
+  // The help begins in column 17, so there is room for 63.
+  const std::string first(31, 'a');
+  program.options[0].help = first + ' ' + std::string(31, 'b');
+  EXPECT_TRUE(HelpText(program).ends_with("\n      --list     " + first + ' ' +
+                                          std::string(31, 'b') + '\n'))
+      << HelpText(program);
+  program.options[0].help = first + ' ' + std::string(32, 'b') + " c";
+  EXPECT_TRUE(HelpText(program).ends_with("\n      --list     " + first + "\n                 " +
+                                          std::string(32, 'b') + " c\n"))
+      << HelpText(program);
+}
+
+TEST(Help, PutsANameThatIsTooWideOnALineOfItsOwn) {
+  Program program = Copier();
+  program.options = {{.name = "a-name-as-wide-as-it", .help = "Stays."},
+                     {.name = "a-name-as-wide-as-no-other", .help = "Goes."}};
+  EXPECT_TRUE(
+      HelpText(program).ends_with("  -h, --help                  Tells these options and ends.\n"
+                                  "  -v, --version               Tells the version and ends.\n"
+                                  "      --a-name-as-wide-as-it  Stays.\n"
+                                  "      --a-name-as-wide-as-no-other\n"
+                                  "                              Goes.\n"))
+      << HelpText(program);
 }
 
 }  // namespace

@@ -45,6 +45,15 @@ TEST(DigitBox, DeleteAndCutAreDiscardedWhereTheyAreNotAllowed) {
   EXPECT_EQ(box.text(), "12");
 }
 
+TEST(DigitBox, UndoIsDiscardedWhereDeletingIsNotAllowed) {
+  for (const auto deleting : {DigitBox::Deleting::kDiscarded, DigitBox::Deleting::kAllowed}) {
+    DigitBox box("TxtX", "12", deleting);
+    QTest::keyClicks(&box, "3");
+    QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(box.text(), deleting == DigitBox::Deleting::kAllowed ? "12" : "123");
+  }
+}
+
 TEST(DigitBox, TheContextMenuTakesNothingAwayWhereThatIsNotAllowed) {
   DigitBox box("TxtX", "12", DigitBox::Deleting::kDiscarded);
   box.show();

@@ -15,6 +15,9 @@ TEST(DecodeCharacters, TakesAsciiByteByByteInEveryPage) {
 
 TEST(DecodeCharacters, TakesTwoBytesWhereThePageHasSuchCharacters) {
   EXPECT_EQ(DecodeCharacters("\x8A\xBF", CodePage::kJapanese), (Characters{{U'漢', 2}}));
+  // The extensions of the page begin with bytes up to FCh: FAh 40h is U+2170, FCh 4Bh U+9ED1.
+  EXPECT_EQ(DecodeCharacters("\xFA\x40\xFC\x4B", CodePage::kJapanese),
+            (Characters{{U'\u2170', 2}, {U'\u9ED1', 2}}));
   EXPECT_EQ(DecodeCharacters("\xBA\xBA", CodePage::kSimplifiedChinese), (Characters{{U'汉', 2}}));
   EXPECT_EQ(DecodeCharacters("\xC7\xD1", CodePage::kKorean), (Characters{{U'한', 2}}));
   EXPECT_EQ(DecodeCharacters("\xBA\x7E", CodePage::kTraditionalChinese), (Characters{{U'漢', 2}}));

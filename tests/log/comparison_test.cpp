@@ -37,6 +37,15 @@ std::vector<std::string> DifferencesOf(std::initializer_list<const char*> a,
   return lines;
 }
 
+TEST(Comparison, GivesARejectedCommandNoLaterReply) {
+  // 21h is rejected; a reply with its code comes behind 22h.
+  const auto exchanges = ExchangesOf({"> 02210322", "< 10", "> 02220321", "< 06", "< 0221200302"});
+  // The first of all stands for what comes before any command.
+  ASSERT_EQ(exchanges.size(), 3U);
+  EXPECT_EQ(exchanges[1].statuses, "");
+  EXPECT_EQ(exchanges[2].statuses, "\x20");
+}
+
 TEST(Comparison, FindsNothingInWhatIsEqual) {
   EXPECT_THAT(
       DifferencesOf({"> 02210322", "< 06", "< 0221200302"}, {"> 02210322", "< 06", "< 0221200302"}),

@@ -60,6 +60,25 @@ TEST(PassThroughTcp, ServesAConsoleOverTheNetwork) {
   EXPECT_EQ(console.Read(1), link::Bytes{0x06});
 }
 
+TEST(PassThroughTcp, KeepsNothingForAConsoleThatIsNotThere) {
+  printer::PseudoTerminal printer;
+  std::promise<void> heard;
+  const PassThrough pass(printer.DevicePath(), printer::TcpLines({"127.0.0.1", 0})(),
+                         {[&heard](protocol::Direction, const link::Bytes& bytes, WallTime) {
+                            if (bytes == link::Bytes{0x15}) heard.set_value();
+                          },
+                          {}});
+  printer.Write({0x15});
+  // It has been read, and there was nobody to give it to.
+  heard.get_future().wait();
+  const auto console =
+      support::SocketUser::OnTcp(protocol::ParseTcpAddress(pass.DevicePath(), "").port);
+  console.Write({0x02});
+  EXPECT_EQ(ReadSome(printer), link::Bytes{0x02});
+  printer.Write({0x06});
+  EXPECT_EQ(console.Read(1), link::Bytes{0x06});
+}
+
 TEST(PassThroughTcp, SaysWhatCannotBeReached) {
   auto printer = printer::TcpLines({"127.0.0.1", 0})();
   const std::string address = printer->Address();

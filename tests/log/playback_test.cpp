@@ -92,6 +92,14 @@ TEST(PlaybackTest, CountsGapsFromTheFirstByteOfTheFrame) {
   EXPECT_THAT(player.sent, ElementsAre(Pair(300, kAcknowledge), Pair(800, kReply21)));
 }
 
+// A clock that was put back while the capture was made.
+TEST(PlaybackTest, KeepsTheOrderOfAnswersWhoseTimesGoBack) {
+  Player player({To(0ms, k21), From(700ms, kAcknowledge), From(2ms, kReply21)});
+  player.Send(100ms, k21);
+  player.RunTo(900ms);
+  EXPECT_THAT(player.sent, ElementsAre(Pair(800, kAcknowledge), Pair(800, kReply21)));
+}
+
 TEST(PlaybackTest, AnswersAtOnceAndInOneChunkWhereThatIsWished) {
   Player player(TwoReads(), {.instant = true});
   player.Send(100ms, k21);

@@ -176,7 +176,7 @@ TEST_F(OneCommand, EndsWith5WhenTheDeviceGoes) {
   const Ended ended = Send({"58", "--json"});
   EXPECT_EQ(ended.status, 5);
   const auto objects = Objects(ended.out);
-  ASSERT_EQ(objects.size(), 1U);
+  ASSERT_EQ(objects.size(), 1U) << ended.errors.toStdString();
   EXPECT_EQ(objects[0]["outcome"].toString(), "failed");
   EXPECT_EQ(objects[0]["meaning"].toString(), "The device " + device_ + " is gone.");
   EXPECT_TRUE(objects[0]["status"].isNull());

@@ -148,8 +148,11 @@ TEST(CancelRemovalWait, WithoutACommandThatWaitsHoldsTheCardAsATargetAgain) {
   bench.model.SetInstantWork(true);
   bench.InsertCard();
   bench.Send("02 50 31 03 62");
+  EXPECT_EQ(bench.model.State().transports, 1U);
   EXPECT_EQ(bench.Send("02 55 03 56"), support::Chunks{"06 02 55 20 03 76"});
   EXPECT_TRUE(bench.model.State().HasTargetCard());
+  // It is held where it is, which is no move.
+  EXPECT_EQ(bench.model.State().transports, 1U);
 }
 
 TEST(Hand, DoesOnlyWhatAHandCanDo) {

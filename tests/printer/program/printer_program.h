@@ -41,12 +41,13 @@ class PrinterProgram : public testing::Test {
     return program_.readLine().trimmed().toStdString();
   }
 
-  // Waits for its end and returns its status; -1 when it does not end of itself.
+  // Waits for its end and returns its status; -1 when it does not end of itself, and is killed.
   int End() {
-    const bool ended =
-        program_.state() == QProcess::NotRunning || program_.waitForFinished(support::kPatience);
-    if (!ended || program_.exitStatus() != QProcess::NormalExit) return -1;
-    return program_.exitCode();
+    if (program_.state() != QProcess::NotRunning && !program_.waitForFinished(support::kPatience)) {
+      program_.kill();
+      program_.waitForFinished();
+    }
+    return program_.exitStatus() == QProcess::NormalExit ? program_.exitCode() : -1;
   }
 
   QProcess program_;

@@ -63,6 +63,13 @@ TEST_F(ScriptedPrinter, ServesACommandThatWaitsForTheCard) {
   EXPECT_EQ(console_->Read(10), "02 21 20 41 20 42 01 5C 03 7C");
 }
 
+TEST_F(ScriptedPrinter, HasASampleOnEachTrack) {
+  Begin();
+  EXPECT_EQ(Ask("read track 1"), "ok VANTREL SAMPLE CARD");
+  EXPECT_EQ(Ask("read track 2"), "ok 0123456789");
+  EXPECT_EQ(Ask("read track 3"), "ok 9876543210");
+}
+
 TEST_F(ScriptedPrinter, WritesAndReadsTracks) {
   Begin();
   EXPECT_EQ(Ask("read track 2"), "ok 0123456789");
