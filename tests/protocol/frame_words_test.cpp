@@ -133,6 +133,8 @@ TEST(DataInWords, NamesWhatCannotBePrinted) {
 TEST(DataInWords, CutsWhatIsVeryLong) {
   EXPECT_EQ(DataInWords(std::string(5000, 'A')),
             '"' + std::string(400, 'A') + "\" ... (5000 bytes)");
+  EXPECT_EQ(DataInWords(std::string(401, 'A')), '"' + std::string(400, 'A') + "\" ... (401 bytes)");
+  EXPECT_EQ(DataInWords(std::string(400, 'A')), '"' + std::string(400, 'A') + '"');
 }
 
 TEST(FrameWords, TakesAnyBytes) {
