@@ -67,12 +67,20 @@ function(vantrel_forms name)
   target_link_libraries(${name} PUBLIC vantrel_options Qt6::Widgets ${ARG_USES})
 endfunction()
 
+# vantrel_counted(<program>): tells which lines were run also where it ends at once; nothing where VANTREL_COVERAGE is off.
+function(vantrel_counted name)
+  if(VANTREL_COVERAGE)
+    target_link_libraries(${name} PRIVATE coverage_exit)
+  endif()
+endfunction()
+
 # vantrel_program(<name> SOURCES <file>... USES <target>...): an installed program.
 function(vantrel_program name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   target_link_libraries(${name} PRIVATE vantrel_options ${ARG_USES})
+  vantrel_counted(${name})
 endfunction()
 
 # vantrel_pages(<program> TABLE <target> PAGE <file> COMPONENT <component>): makes and installs the program's manual page
@@ -106,6 +114,7 @@ function(vantrel_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE vantrel_options GTest::gmock GTest::gtest_main ${ARG_USES})
+  vantrel_counted(${name})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 60)
 endfunction()
 
@@ -119,6 +128,7 @@ function(vantrel_service_test name)
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE vantrel_options service_test_main Qt6::Test ${ARG_USES})
+  vantrel_counted(${name})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 60 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
   add_test(NAME ${name}.NeedsNoWidgets COMMAND ${PROJECT_SOURCE_DIR}/.ci/check-links $<TARGET_FILE:${name}>)
@@ -137,6 +147,7 @@ function(vantrel_forms_test name)
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE vantrel_options ${ARG_MAIN} Qt6::Test ${ARG_USES})
+  vantrel_counted(${name})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
                        PROPERTIES TIMEOUT 60 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()

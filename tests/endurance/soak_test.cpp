@@ -72,7 +72,7 @@ struct Use {
               << static_cast<long>(now.descriptors) - static_cast<long>(descriptors)
               << " descriptors more\n";
     EXPECT_LT(now.bytes - bytes, kMostGrowth);
-    EXPECT_EQ(now.descriptors, descriptors);
+    EXPECT_LE(now.descriptors, descriptors);
   }
 };
 
@@ -127,7 +127,8 @@ class Soak : public testing::Test {
   Soak() { qputenv("TMPDIR", temporary_files_.Path("").c_str()); }
   ~Soak() override {
     EXPECT_TRUE(NothingTicks());
-    EXPECT_EQ(OpenDescriptors(), descriptors_);
+    // A thread in which the library has scaled a picture ends after a while and closes its own.
+    EXPECT_LE(OpenDescriptors(), descriptors_);
     EXPECT_EQ(temporary_files_.Count(), 0U);
     qunsetenv("TMPDIR");
   }
