@@ -289,7 +289,7 @@ void RandomConsole::Use() {
   ++consoles_;
   port_ = std::make_unique<WatchedPort>([this](int number) {
     return number == 1 && !server_.DevicePath().empty() ? server_.DevicePath()
-                                                        : "/dev/does-not-exist";
+                                                        : "/dev/does-not-exist-either";
   });
   form_ = std::make_unique<console::FrmVantrel>(
       *port_, TestProgram::Dialogs(), dynamic_cast<console::GuardedApplication&>(*qApp),
