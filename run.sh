@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds, and starts the console beside a software printer. Where there is no display, runs the
 # same demonstration off-screen and writes pictures of the windows. Options are handed to the demonstration.
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds and passes all tests: ./test.sh [PRESET], where PRESET is debug (the default), ci, asan
 # or no-gui.
 set -euo pipefail

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/become_window.h"
 
 #include <unistd.h>

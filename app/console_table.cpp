@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/console_table.h"
 
 #include "commandline/this_program.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/demo_places.h"
 
 #include <QMargins>

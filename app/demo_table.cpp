@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/demo_table.h"
 
 #include "app/printer_table.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/demonstration.h"
 
 #include "console/frm_vantrel.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/printer_options.h"
 
 #include "commandline/parse.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/printer_process.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/printer_program.h"
 
 #include "commandline/fault.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/printer_table.h"
 
 #include "printer/service/script_words.h"

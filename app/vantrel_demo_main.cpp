@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/console_program.h"
 #include "app/demo_places.h"
 #include "app/demo_table.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The program for captures as it is called. It needs no library for windows; for one, another
 // program takes its place, in the same process.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Shows one capture, or two side by side, in a window until it is closed; vantrel-log becomes it.
 
 #include "app/log_table.h"

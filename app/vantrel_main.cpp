@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "app/console_program.h"
 #include "app/console_table.h"
 #include "commandline/parse.h"

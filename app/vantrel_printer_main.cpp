@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The software printer as it is called. It needs no widgets; where a window is wanted, another
 // program takes its place, in the same process.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The software printer with a window; vantrel-printer becomes it.
 
 #include "app/printer_options.h"

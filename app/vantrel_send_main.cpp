@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/picture_loader.h"
 #include "send/program.h"
 

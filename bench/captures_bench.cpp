@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How long do captures of a million rows take to be shown, compared and looked at, what memory does
 // a row take, and how long does the window hold up an event? The limits: shown and filled in 2 s,
 // compared in 5 s, 300 bytes a row beyond its own, 50 ms an event.

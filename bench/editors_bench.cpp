@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Do the editors of dots answer within a frame (16 ms), and does the image editor open within 50
 // ms? Run off-screen: QT_QPA_PLATFORM=offscreen editors_bench.
 

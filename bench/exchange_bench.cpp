@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What does a whole exchange of the console cost on a pseudo-terminal, and what do waiting and
 // idling cost? The peer answers at once from a thread of its own, so an exchange takes the 10 ms of
 // one polling pass and what the console adds.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How long from the press of a command's button until the form that it brings up has been painted
 // whole? Off-screen unless QT_QPA_PLATFORM says otherwise.
 

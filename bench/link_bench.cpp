@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What do the pure pieces of the link cost on the longest frame that the console sends?
 
 #include "link/common.h"

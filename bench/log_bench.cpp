@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What does one more entry cost the log of the line and its table, with none and with a million in
 // it? And what do the words of a frame cost?
 

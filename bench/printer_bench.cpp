@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What does the software printer cost whoever tests with it: exchanges a second on a
 // pseudo-terminal, on TCP and on a Unix socket; the time from start to first line; the memory after
 // many exchanges (a million, or as many as the first argument tells; with 0 that and the exchanges

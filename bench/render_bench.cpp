@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What does drawing a full card cost, and what does one frame cost the printer's model?
 
 #include "link/common.h"

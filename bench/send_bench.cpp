@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How soon is the first byte on the line, what does an exchange cost beyond the tick of the wait,
 // and what do the frames of a full-face picture cost? A peer on a pseudo-terminal answers 58h at
 // once from a thread of its own.

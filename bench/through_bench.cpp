@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What does standing between a console and a real printer add to a byte's way? Both sides are
 // pseudo-terminals here, so the time is that of the pass-through alone: one byte at a time, from
 // its write on one side until it can be read on the other.

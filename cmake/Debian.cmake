@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # Debian packages, made by `cpack -G DEB` in the folder of a release that was configured with CMAKE_INSTALL_PREFIX=/usr: the
 # programs with windows, those without, and what other people's programs are built with. Two builds of the same sources
 # make the same bytes, wherever and whenever they are made.

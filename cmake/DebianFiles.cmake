@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # Run by cpack when what goes into the packages lies ready, a folder each: what Debian wants in every package.
 function(run)
   execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # Read by cpack: what depends on the revision, and the date that every file in the packages gets.
 execute_process(COMMAND date --utc --date ${CPACK_VANTREL_RELEASE_DATE} +%s OUTPUT_VARIABLE epoch
                 OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # cmake --build FOLDER --target api-docs: the documentation of the package's headers, in FOLDER/api/html, by Doxygen.
 find_program(DOXYGEN doxygen)
 mark_as_advanced(DOXYGEN)

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # The package for programs of others: find_package(vantrel) gives
 #   vantrel::link       frames in hex text, the judgement of a reply and its words, code pages
 #   vantrel::printdata  what is printed: the data of 41h, 42h and 4Eh

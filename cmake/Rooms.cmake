@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # How every target of the tree is made. A room is a folder; its logic is plain C++20, its service, where it has one, uses
 # Qt without Widgets, and its forms are Qt Widgets.
 

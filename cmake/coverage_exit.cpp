@@ -1,4 +1,7 @@
-// Stands in for the C library's _Exit, which ends a program before it has told which lines were run.
+// SPDX-License-Identifier: MIT
+
+// Stands in for the C library's _Exit, which ends a program before it has told which lines were
+// run.
 
 #include <sys/syscall.h>
 #include <unistd.h>

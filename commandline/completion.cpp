@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/completion.h"
 
 #include "commandline/parse.h"

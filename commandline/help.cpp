@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/help.h"
 
 #include "commandline/parse.h"

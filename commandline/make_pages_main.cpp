@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Writes what a build makes from a program's table: make-PROGRAM-pages PAGE MANUAL BASH ZSH reads
 // the roff text PAGE and writes the manual page and the completions for bash and zsh.
 

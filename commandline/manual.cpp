@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/manual.h"
 
 #include "commandline/help.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/parse.h"
 
 #include "commandline/help.h"

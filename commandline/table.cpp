@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/table.h"
 
 #include <algorithm>

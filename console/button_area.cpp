@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/button_area.h"
 
 #include "console/command_button.h"

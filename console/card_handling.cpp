@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Card handling and maintenance commands that ask something: 5Bh and 91h.
 
 #include "console/command_handlers.h"

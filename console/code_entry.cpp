@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/code_entry.h"
 
 #include <cctype>

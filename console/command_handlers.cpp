@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/command_handlers.h"
 
 #include "link/frame.h"

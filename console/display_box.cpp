@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/display_box.h"
 
 #include "dialogs/focus_ring.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/frm_vantrel.h"
 
 #include "console/button_area.h"

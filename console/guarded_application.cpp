@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/guarded_application.h"
 
 #include "link/port.h"

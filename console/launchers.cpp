@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Commands whose data an editing form composes.
 
 #include "console/command_handlers.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Magnetic stripe: 35h to 3Dh load a track's data into the printer, 31h and 32h write it onto the
 // card.
 

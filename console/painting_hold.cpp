@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/painting_hold.h"
 
 #include <QCoreApplication>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/port_label.h"
 
 #include <QMenuBar>

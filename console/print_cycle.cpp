@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Print, erase and discharge commands that ask something or send more than one frame.
 
 #include "console/command_handlers.h"

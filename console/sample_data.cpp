@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/sample_data.h"
 
 #include "link/frame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/system_time.h"
 
 namespace vantrel::console {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "dialogs/focus_ring.h"
 
 #include <QPalette>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "dialogs/named_widgets.h"
 
 namespace vantrel::dialogs {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "dialogs/telling_guard.h"
 
 #include "dialogs/dialogs.h"

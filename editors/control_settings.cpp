@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/control_settings.h"
 
 namespace vantrel::editors {

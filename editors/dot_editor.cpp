@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/dot_editor.h"
 
 #include <utility>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/dot_grid.h"
 
 #include "editors/dot_grid_accessible.h"

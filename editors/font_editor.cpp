@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/font_editor.h"
 
 namespace vantrel::editors {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/form_parts.h"
 
 #include "dialogs/named_widgets.h"

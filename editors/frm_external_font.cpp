@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/frm_external_font.h"
 
 #include "dialogs/named_widgets.h"

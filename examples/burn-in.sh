@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # Moves and prints one card again and again over night: burn-in.sh [OPTION...]
 # Options go to vantrel-send. The report tells every exchange; the run ends at the first failure, or
 # with Ctrl+C, and says how to go on.

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # Prints the card of a sailing club's member: club-card.sh [OPTION...]
 # Options go to vantrel-send, for example --port /dev/ttyUSB0. emblem.png lies beside this script.
 set -eu

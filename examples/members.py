@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Prints a card for each member of a CSV file of "number,name".
 
 members.py MEMBERS.csv [OPTION...]: the options go to vantrel-send."""

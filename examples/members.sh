@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # Prints a card for each member of a CSV file of "number,name": members.sh MEMBERS.csv [OPTION...]
 # Options go to vantrel-send, for example --port /dev/ttyUSB0.
 set -u

@@ -1,4 +1,5 @@
 #!/bin/bash
+# SPDX-License-Identifier: MIT
 # How a shell script is tested against vantrel-printer: reads the first track of a card and compares it.
 # read-card.sh ends with status 0 where all went as expected.
 set -euo pipefail

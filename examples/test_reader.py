@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """How software for the printer is tested with pytest and pyserial against vantrel-printer.
 
 Needs the Debian packages vantrel, python3-pytest and python3-serial: pytest test_reader.py

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any bytes as a BMP file that comes in blocks. The first byte says how long a block is.
 
 #include "fuzz/target.h"

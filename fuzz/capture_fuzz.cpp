@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any bytes as a capture, in any split: nothing crashes, no more memory is taken than the bytes are
 // worth, and what is read does not depend on the split.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any bytes as a log that was saved as CSV: refused in a sentence, or rows that no file makes more
 // than it holds, and that every format tells again without loss.
 

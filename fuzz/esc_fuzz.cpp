@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any bytes as print text with ESC sequences: each byte belongs to one piece of it, and it is drawn
 // the same again, whatever was drawn before. The first byte chooses direction, code page and
 // reference point.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "fuzz/json_check.h"
 
 #include "log/json_text.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any bytes on the line of the software printer, in any split, with good frames and a person's hand
 // in between: nothing crashes, nothing piles up, and the next good frame is understood.
 

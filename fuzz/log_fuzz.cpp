@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any bytes either way on a watched line, in any split: nothing crashes, no byte is lost, and every
 // entry can be put into words, in one line.
 

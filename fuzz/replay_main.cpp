@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Runs a fuzz target over every file of a folder, in the order of their names, without libFuzzer.
 
 #include "fuzz/target.h"

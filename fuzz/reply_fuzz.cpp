@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any bytes as what a printer answers, byte by byte: each is judged as the rule for a reply says,
 // and what is complete has words, whatever data it carries.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any lines as the software printer's script holds them, and as what it answers in: what is read of
 // a text is written as a text that is read the same, and every answer is one line of JSON.
 

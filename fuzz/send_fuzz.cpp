@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Lines of commands for the sender, any bytes: each is refused in a sentence or becomes frames, as
 // the console would send them.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any text as a person types it into a field: the number that it begins with is the one that the C
 // library reads, and in every code page it becomes bytes that stand for one text.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/code_page.h"
 
 #include "link/frame.h"

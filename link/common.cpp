@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/common.h"
 
 #include "link/frame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/port.h"
 
 #include <sys/stat.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/serial_port.h"
 
 #include <QFileInfo>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/typed_number.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/alignment.h"
 
 #include <algorithm>

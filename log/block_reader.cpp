@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/block_reader.h"
 
 #include "log/pcapng.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/capture_loader.h"
 
 #include "log/capture_file.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/capture_recorder.h"
 
 #include "log/line_recorder.h"

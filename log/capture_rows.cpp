@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/capture_rows.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/capture_writer.h"
 
 #include "log/pcapng.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/command_alignment.h"
 
 #include <cstddef>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/csv_reader.h"
 
 #include "log/row_text.h"

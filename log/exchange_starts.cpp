@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/exchange_starts.h"
 
 #include "protocol/frame.h"

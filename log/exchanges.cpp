@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/exchanges.h"
 
 #include "protocol/frame.h"

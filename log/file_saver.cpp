@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/file_saver.h"
 
 #include <fcntl.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/frm_playback.h"
 
 #include "dialogs/guard.h"

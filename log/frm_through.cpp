@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/frm_through.h"
 
 #include "log/log_panel.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/frm_view.h"
 
 #include "log/log_table.h"

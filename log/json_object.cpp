@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/json_object.h"
 
 #include "log/json_text.h"

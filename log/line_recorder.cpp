@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/line_recorder.h"
 
 #include <algorithm>

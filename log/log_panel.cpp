@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/log_panel.h"
 
 #include "dialogs/dialogs.h"

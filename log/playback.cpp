@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/playback.h"
 
 #include "protocol/control.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/playback_server.h"
 
 #include <QByteArray>

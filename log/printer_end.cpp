@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/printer_end.h"
 
 #include "log/serial_printer_end.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/row_alignment.h"
 
 #include "log/command_alignment.h"

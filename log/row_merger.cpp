@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/row_merger.h"
 
 #include <algorithm>

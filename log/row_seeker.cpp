@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/row_seeker.h"
 
 #include <QAbstractItemModel>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/row_text.h"
 
 #include "log/capture_writer.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/save_log.h"
 
 #include "log/file_saver.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/serial_printer_end.h"
 
 #include "protocol/line_speed.h"

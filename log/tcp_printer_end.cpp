@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/tcp_printer_end.h"
 
 #include <netdb.h>

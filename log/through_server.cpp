@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/through_server.h"
 
 #include <utility>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/view_model.h"
 
 #include "log/log_model.h"

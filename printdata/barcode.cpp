@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/barcode.h"
 
 #include <algorithm>

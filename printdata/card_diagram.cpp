@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/card_diagram.h"
 
 #include <QLabel>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/esc_prompt.h"
 
 #include "link/typed_number.h"

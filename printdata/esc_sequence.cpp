@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/esc_sequence.h"
 
 #include <algorithm>

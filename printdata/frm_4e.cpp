@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/frm_4e.h"
 
 #include "dialogs/digit_box.h"

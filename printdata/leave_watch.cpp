@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/leave_watch.h"
 
 #include <QAbstractButton>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/print_buffer.h"
 
 #include "link/typed_number.h"

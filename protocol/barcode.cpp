@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "protocol/barcode.h"
 
 #include "protocol/card_face.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The data of the commands, read for the table: what a printer takes becomes a value, and words are

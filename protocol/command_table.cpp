@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every command's row: its code, its name, and how its data is read and told.
 
 #include "protocol/command_table.h"

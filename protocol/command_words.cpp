@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/frame.h"
 #include "protocol/command_readers.h"
 #include "protocol/command_table.h"

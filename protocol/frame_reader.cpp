@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "protocol/frame_reader.h"
 
 namespace vantrel::protocol {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The dots that 43h, 44h, 45h, 4Bh and 4Dh bring.
 
 #include "protocol/card_face.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "protocol/line_speed.h"
 
 // The kernel's own view of a terminal's settings tells every speed as a number, which that of

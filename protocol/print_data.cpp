@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What 41h, 42h and 4Ah expand.
 
 #include "protocol/card_face.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "protocol/print_text.h"
 
 #include "protocol/card_face.h"

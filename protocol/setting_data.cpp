@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The commands whose data is a digit or a few: where a card goes, lamps, and settings.
 
 #include "protocol/command_readers.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the magnetic commands write.
 
 #include "protocol/command_readers.h"

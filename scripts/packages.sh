@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: MIT
+
 # Sourced by run.sh, test.sh and .ci/run: makes sure that Debian packages are installed.
 
 # The compiler, the build tools and the libraries that the programs need.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/answers.h"
 
 #include "link/frame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The data field of 4Eh.
 
 #include "printdata/barcode.h"

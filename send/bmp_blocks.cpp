@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The data fields of 4Bh.
 
 #include "link/frame.h"

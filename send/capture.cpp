@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/capture.h"
 
 #include "log/capture_writer.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/input_file.h"
 
 #include "commandline/parse.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/interrupts.h"
 
 #include <poll.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/job.h"
 
 #include "console/command_table.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/line_input.h"
 
 #include <poll.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/line_port.h"
 
 #include "protocol/tcp_address.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Data fields that hold dots: 43h, 4Dh, 44h and 45h.
 
 #include "editors/dot_pattern.h"

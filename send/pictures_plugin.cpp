@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Reading pictures with Qt, in a library of its own: it is loaded when a picture is to be read, so
 // that a command without one need not wait for all that Qt brings along.
 

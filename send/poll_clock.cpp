@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/poll_clock.h"
 
 #include <poll.h>

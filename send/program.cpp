@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/program.h"
 
 #include "commandline/help.h"

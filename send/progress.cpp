@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/progress.h"
 
 #include <sys/ioctl.h>

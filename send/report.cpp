@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/report.h"
 
 #include "link/unique_descriptor.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/run.h"
 
 #include "link/frame.h"

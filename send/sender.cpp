@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/sender.h"
 
 #include "link/reply.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/port.h"
 #include "log/serial_printer_end.h"
 #include "send/connection.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/settings.h"
 
 #include "link/port.h"

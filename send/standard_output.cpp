@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/standard_output.h"
 
 #include <fcntl.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/table.h"
 
 #include "commandline/this_program.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/tally.h"
 
 #include "send/answers.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/port.h"
 #include "link/unique_descriptor.h"
 #include "protocol/tcp_address.h"

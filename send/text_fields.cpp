@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Data fields that hold text: 35h to 3Dh, 41h, 42h, 4Ah and 91h, and the letters of 5Ah.
 
 #include "console/sample_data.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tour/box_watcher.h"
 
 #include <QAbstractButton>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tour/capture_windows.h"
 
 #include "log/capture_writer.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tour/tour.h"
 
 #include <QColor>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tour/command_examples.h"
 
 namespace vantrel::tour {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Writes docs/commands.md to standard output.
 
 #include "tour/command_reference.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tour/printer_words.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/parse.h"
 #include "console/guarded_application.h"
 #include "dialogs/program_start.h"

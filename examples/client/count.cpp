@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Asks a printer how many transports it has counted, and tells its answer: count DEVICE
 #include "line.h"
 

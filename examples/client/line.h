@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A printer's serial line, and an exchange with it.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Prints a name in double size on the card, and tells what was sent and what came back:
 // print DEVICE NAME
 #include "line.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/analyser/analyser_tables.h"
 
 #include "link/frame.h"

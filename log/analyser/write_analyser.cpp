@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // write_analyser TEMPLATE OUT: writes the analyser's plugin, with our tables of words where the
 // template has the line "--@TABLES@".
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/commands/command.h"
 
 namespace vantrel::printer {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/commands/printer_state.h"
 
 #include <algorithm>

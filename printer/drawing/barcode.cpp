@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/barcode.h"
 
 #include "printer/drawing/page.h"

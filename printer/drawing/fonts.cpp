@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/fonts.h"
 
 #include <ft2build.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/page.h"
 
 namespace vantrel::printer {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/png_file.h"
 
 #include <png.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/line/outgoing_line.h"
 
 #include <algorithm>

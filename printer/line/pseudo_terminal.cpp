@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/line/pseudo_terminal.h"
 
 #include "protocol/line_speed.h"

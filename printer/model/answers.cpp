@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/model/answers.h"
 
 #include "printer/model/console_limit.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/model/card_deck.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/model/printer_model.h"
 
 #include "protocol/control.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/model/quoted.h"
 
 #include "link/frame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/line_recording.h"
 
 #include "log/line_recorder.h"

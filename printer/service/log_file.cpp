@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/log_file.h"
 
 #include "log/line_recorder.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/picture_file.h"
 
 #include "log/file_saver.h"

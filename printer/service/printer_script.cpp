@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/printer_script.h"
 
 #include "log/playback_server.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/printer_server.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The lines of a script that deal with cards and what is on them.
 
 #include "printer/model/quoted.h"

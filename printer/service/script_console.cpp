@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/script_console.h"
 
 #include "log/line_output.h"

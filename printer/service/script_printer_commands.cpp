@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The lines of a script that deal with the printer itself, its line and its faults.
 
 #include "log/playback.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/script_state.h"
 
 #include "link/frame.h"

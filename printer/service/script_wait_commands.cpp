@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The lines of a script that wait.
 
 #include "printer/model/quoted.h"

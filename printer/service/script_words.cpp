@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/script_words.h"
 
 namespace vantrel::printer {

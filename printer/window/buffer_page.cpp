@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/buffer_page.h"
 
 #include "dialogs/guard.h"

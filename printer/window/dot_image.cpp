@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/dot_image.h"
 
 #include <QTransform>

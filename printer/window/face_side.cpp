@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/face_side.h"
 
 #include "dialogs/dialogs.h"

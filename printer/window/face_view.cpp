@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/face_view.h"
 
 #include <QPainter>

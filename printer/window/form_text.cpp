@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/form_text.h"
 
 #include "link/frame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/frm_printer.h"
 
 #include "dialogs/dialogs.h"

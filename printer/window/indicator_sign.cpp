@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/indicator_sign.h"
 
 #include <QPainter>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/printer_page.h"
 
 #include "dialogs/guard.h"

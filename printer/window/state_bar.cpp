@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/state_bar.h"
 
 #include "dialogs/guard.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/track_box.h"
 
 #include "printer/window/form_text.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/tracks_page.h"
 
 #include "printer/model/printer_model.h"

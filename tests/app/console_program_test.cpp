@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // With what status the console's program ends. Each end is that of a process of its own.
 
 #include "app/console_program.h"

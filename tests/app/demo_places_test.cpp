@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Where the demonstration puts its windows, with the printer's window as it is.
 
 #include "app/demo_places.h"

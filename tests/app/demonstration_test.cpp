@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What becomes of the demonstration when its printer ends, with the real programs.
 
 #include "app/demonstration.h"

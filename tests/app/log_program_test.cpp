@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program for captures.
 
 #include "log/capture_writer.h"

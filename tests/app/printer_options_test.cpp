@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the software printer's command line makes of where its window is to be.
 
 #include "app/printer_options.h"

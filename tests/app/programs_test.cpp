@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How the programs with windows begin: their command lines, and what they do where there is no
 // display.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/fault.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/manual.h"
 
 #include "tests/commandline/sample_program.h"

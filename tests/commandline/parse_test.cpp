@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "commandline/parse.h"
 
 #include "tests/commandline/sample_program.h"

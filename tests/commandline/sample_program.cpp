@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/commandline/sample_program.h"
 
 #include "tests/support/file_folder.h"

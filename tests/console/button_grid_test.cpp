@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/button_grid.h"
 
 #include <gtest/gtest.h>

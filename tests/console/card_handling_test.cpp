@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 51h to 5Fh and 91h to 96h: moving the card, cleaning, asking and setting the printer.
 
 #include "tests/console/command_fixture.h"

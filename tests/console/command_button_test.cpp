@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What a command's button paints, and when.
 
 #include "console/command_button.h"

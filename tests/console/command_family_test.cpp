@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/command_family.h"
 
 #include "console/command_table.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/console/command_fixture.h"
 
 #include "console/command_table.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The buttons: names, captions, tags, order, and the frame that each one sends.
 
 #include "console/command_table.h"

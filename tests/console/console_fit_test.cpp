@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The console's size, and whether everything is seen at it.
 
 #include "console/command_button.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The console by keyboard alone.
 
 #include "console/command_button.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Where the console, its forms and its boxes open, under a real window manager.
 
 #include "dialogs/window_dialogs.h"

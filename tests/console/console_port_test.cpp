@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the console tells of its port, and of itself to a screen reader.
 
 #include "tests/support/console_fixture.h"

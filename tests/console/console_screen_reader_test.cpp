@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What a screen reader hears of the console.
 
 #include "tests/support/console_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/family_color.h"
 
 #include "dialogs/focus_ring.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the console form shows, its menus, its boxes.
 
 #include "console/command_table.h"

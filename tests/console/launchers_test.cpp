@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 41h to 45h, 4Dh, 4Eh and 5Ah: commands whose data an editing form composes.
 
 #include "tests/console/command_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 35h to 3Dh: loading a track's data into the printer. The sample data are those of
 // 20 November 2026, 21:05:03. Frames are the texts' ASCII codes, their block checks the
 // exclusive-or of command, data and ETX, computed apart from this program.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 31h and 32h: writing the preset tracks onto the card.
 
 #include "tests/console/command_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 40h, 46h to 4Bh and 50h: clearing buffers, the erase and print cycle, the sample image.
 
 #include "tests/console/command_fixture.h"

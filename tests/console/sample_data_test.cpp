@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Which writing of a date or time a track's sample data carry.
 
 #include "console/sample_data.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Dates and times in the formats of many languages: 20 November 2026, 21:05:03. What is expected is
 // written out from each language's conventions.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 21h to 2Bh: reading the card's tracks and the track buffers. Every reply carries the status 20h
 // and the track data "ABC"; block checks are the exclusive-or of the bytes after STX, by hand
 // (21h^20h^41h^42h^43h^03h = 42h).

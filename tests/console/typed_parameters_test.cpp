@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Numbers typed at the prompts of 31h, 32h and 46h to 48h. The number that the text begins with
 // counts, an exponent (E or D) included, rounded with halves to even; beyond sixteen bits the
 // prompt opens again, as it does for a number that the command refuses.

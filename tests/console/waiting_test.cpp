@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The console while a command waits.
 
 #include "console/command_button.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // To which window a box belongs.
 
 #include "dialogs/window_dialogs.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "dialogs/digit_box.h"
 
 #include "dialogs/sub_form.h"

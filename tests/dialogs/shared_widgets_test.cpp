@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The widgets and the guard that every window shares.
 
 #include "dialogs/focus_ring.h"

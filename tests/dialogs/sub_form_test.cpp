@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "dialogs/sub_form.h"
 
 #include "tests/support/recording_guard.h"

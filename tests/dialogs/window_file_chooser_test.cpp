@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "dialogs/window_file_chooser.h"
 
 #include <QApplication>

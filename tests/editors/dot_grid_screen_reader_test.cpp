@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What a screen reader hears of a grid of dots.
 
 #include "editors/dot_grid.h"

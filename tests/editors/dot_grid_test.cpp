@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/dot_grid.h"
 
 #include "editors/font_editor.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/dot_preview.h"
 
 #include "editors/font_editor.h"

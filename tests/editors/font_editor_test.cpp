@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/font_editor.h"
 
 #include "tests/editors/text.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Names for a screen reader and letters behind Alt in the editing forms, step by step.
 
 #include "editors/frm_5a.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/frm_5a.h"
 
 #include "tests/editors/editor_forms.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "editors/image_editor.h"
 
 #include <gtest/gtest.h>

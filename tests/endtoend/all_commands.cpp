@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/endtoend/all_commands.h"
 
 #include "console/command_table.h"

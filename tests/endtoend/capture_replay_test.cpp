@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A session of every command with the software printer, captured, and the same session with its
 // capture played back: the console shows the same.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Maintenance from the button to the line: every question of 5Bh and 91h.
 
 #include "tests/support/console_fixture.h"

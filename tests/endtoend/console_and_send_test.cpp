@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The sender's frames are those of the console, for the same answers to the console's questions.
 // What their bytes are to be is written out in tests/send/frames_test.cpp.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 43h, 4Dh, 44h, 45h and 5Ah from the button to the line.
 
 #include "tests/support/console_fixture.h"

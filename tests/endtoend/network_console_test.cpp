@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The console and a printer on the network: what carries the bytes between them changes nothing.
 
 #include "printer/line/socket_line.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 41h, 42h and 4Eh from the button to the line: the form opens, composes, and the console sends
 // what it left.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The console against the software printer over a pseudo-terminal: what one command does, another
 // one sees.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Track reads from the button to the line and back, and a fixed command with data in its reply and
 // one without. What each command shows and sends is tested with its handler.
 

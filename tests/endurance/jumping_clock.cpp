@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/endurance/jumping_clock.h"
 
 #include <poll.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Someone does anything with the console, while somebody else does anything with the printer at the
 // other end of its line.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Someone does anything with the printer's window, while a console talks on its line.
 
 #include "dialogs/file_chooser.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Any lines, good and bad, for the printer's script, while something goes over the line.
 
 #include "link/frame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "console/guarded_application.h"
 #include "tests/endurance/jumping_clock.h"
 #include "tests/endurance/test_program.h"

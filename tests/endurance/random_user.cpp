@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/endurance/random_user.h"
 
 #include <QAbstractButton>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Many exchanges, and many hours: what a long session leaves behind.
 
 #include "console/frm_vantrel.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/event_loop_clock.h"
 
 #include "tests/support/wait_for.h"

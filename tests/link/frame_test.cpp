@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/frame.h"
 
 #include <gtest/gtest.h>

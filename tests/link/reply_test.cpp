@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/reply.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/link/serial_port_fixture.h"
 #include "tests/support/wait_for.h"
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/status_text.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/link/transaction_fixture.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/unique_descriptor.h"
 
 #include <gtest/gtest.h>

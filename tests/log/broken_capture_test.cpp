@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/capture_reader.h"
 #include "tests/log/capture_bytes.h"
 

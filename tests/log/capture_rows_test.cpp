@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Rows of a capture with their exchanges, and two captures side by side.
 
 #include "log/capture_rows.h"

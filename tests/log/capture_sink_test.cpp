@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Captures as they are written: what is in the file at each moment.
 
 #include "log/capture_sink.h"

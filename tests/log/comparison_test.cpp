@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/comparison.h"
 
 #include "tests/log/capture_bytes.h"

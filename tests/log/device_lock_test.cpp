@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/device_lock.h"
 
 #include "link/unique_descriptor.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The windows of a capture that is played back and of a pass-through.
 
 #include "log/frm_playback.h"

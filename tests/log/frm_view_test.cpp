@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The window of captures, on files that the test writes and lets grow.
 
 #include "log/frm_view.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/log_printer.h"
 
 #include "log/line_output.h"

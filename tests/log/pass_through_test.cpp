@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/pass_through.h"
 
 #include "printer/line/pseudo_terminal.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Bytes are written out: 02 code and data 03, and the exclusive-or of all after 02.
 
 #include "log/playback.h"

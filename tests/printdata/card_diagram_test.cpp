@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the diagram paints, dot by dot.
 
 #include "printdata/card_diagram.h"

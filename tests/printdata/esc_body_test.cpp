@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "link/common.h"
 #include "printdata/esc_prompt.h"
 #include "printdata/print_buffer.h"

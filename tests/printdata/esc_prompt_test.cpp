@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/printdata/esc_form_double.h"
 #include "tests/support/scripted_dialogs.h"
 

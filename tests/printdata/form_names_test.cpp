@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Names for a screen reader and letters behind Alt in the print data forms.
 
 #include "printdata/frm_4e.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How the frames of the print data forms lie.
 
 #include "printdata/card_diagram.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/frm_4e.h"
 
 #include "tests/printdata/code_set_tables.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/frm_print_buffer.h"
 
 #include "tests/printdata/form_driver.h"

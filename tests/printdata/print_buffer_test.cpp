@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printdata/print_buffer.h"
 
 #include "link/common.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The data of commands as values, and what no printer takes.
 
 #include "protocol/command_data.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "protocol/command_table.h"
 
 #include "link/frame.h"

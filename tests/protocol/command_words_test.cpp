@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every command in words. The expected texts are written by hand.
 
 #include "protocol/frame_words.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "protocol/frame_words.h"
 
 #include "link/frame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The dots of 43h, 44h, 45h, 4Bh and 4Dh as values.
 
 #include "protocol/command_data.h"

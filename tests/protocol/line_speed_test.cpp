@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "protocol/line_speed.h"
 
 #include "tests/support/test_terminal.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "protocol/tcp_address.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/reliability/console_bench.h"
 
 #include "console/command_table.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/reliability/console_commands.h"
 
 #include <stdexcept>

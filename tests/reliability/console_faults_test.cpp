@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every command of the console against every fault of its line: what it must show, when it must
 // end, and that it works on. One case a command; a failing cell names its fault.
 

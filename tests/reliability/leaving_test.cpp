@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Exit and the window's closing inside a card wait with a cancellation and a reset in it.
 
 #include "tests/support/console_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/reliability/line_faults.h"
 
 #include <string_view>

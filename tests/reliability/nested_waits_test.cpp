@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 54h, 55h and 5Fh pressed while a command waits for a card, in every phase of its exchange, and
 // answered well, badly and not at all. The outer call shares ReceiveBuffer, timers and texts with
 // the nested one and goes on with what that left: this is how a card wait is cancelled.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The same faults of the line at the other end of vantrel-send: what it tells of each exchange and
 // the status with which it ends, for every command.
 

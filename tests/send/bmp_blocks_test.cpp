@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // 4Bh: a BMP file in blocks.
 
 #include "link/frame.h"

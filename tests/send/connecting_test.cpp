@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // How a TCP connection comes about, and how long that may take.
 
 #include "link/port.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every command's frame, from its parameters to its bytes.
 
 #include "console/command_table.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The line on a pseudo-terminal, heard as the transaction hears it.
 
 #include "send/line_port.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Commands from standard input, and rounds of them.
 
 #include "tests/send/send_program.h"

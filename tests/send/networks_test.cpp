@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A printer behind a TCP port.
 
 #include "tests/send/full_listener.h"

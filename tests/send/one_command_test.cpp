@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // One command of the built program: what it tells and its status, whatever the printer does.
 
 #include "tests/send/send_program.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Every parameter's both ends and what is beyond them.
 
 #include "link/port.h"

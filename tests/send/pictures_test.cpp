@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Pictures to dots, and dots to frames.
 
 #include "link/frame.h"

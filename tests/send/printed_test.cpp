@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // From a shell to the face of a card.
 
 #include "tests/send/send_program.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "log/capture_file.h"
 #include "tests/send/send_program.h"
 #include "tests/support/patience.h"

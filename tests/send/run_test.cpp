@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A run in a time that stands still: what is sent, and for how long it is waited for.
 
 #include "send/run.h"

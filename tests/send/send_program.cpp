@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/send/send_program.h"
 
 #include "tests/support/patience.h"

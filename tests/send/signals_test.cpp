@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A signal in each wait.
 
 #include "tests/send/send_program.h"

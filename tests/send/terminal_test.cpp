@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What stands on a terminal at standard error.
 
 #include "link/frame.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What is told of exchanges, without a printer.
 
 #include "commandline/parse.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "send/words.h"
 
 #include "commandline/parse.h"

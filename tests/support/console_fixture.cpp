@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/console_fixture.h"
 
 #include "console/guarded_application.h"

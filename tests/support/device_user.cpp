@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/device_user.h"
 
 #include "link/frame.h"

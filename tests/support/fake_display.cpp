@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/fake_display.h"
 
 namespace vantrel::support {

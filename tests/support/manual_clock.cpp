@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/manual_clock.h"
 
 #include "link/port.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/processor_time.h"
 
 #include <sys/resource.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/pty_peer.h"
 
 #include <algorithm>

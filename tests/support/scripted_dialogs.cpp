@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/scripted_dialogs.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/scripted_replies.h"
 
 #include <gtest/gtest.h>

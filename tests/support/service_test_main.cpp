@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include <QGuiApplication>
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/socket_user.h"
 
 #include "tests/support/patience.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/test_terminal.h"
 
 #include "link/frame.h"

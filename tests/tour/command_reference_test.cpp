@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tour/command_reference.h"
 
 #include "console/command_table.h"

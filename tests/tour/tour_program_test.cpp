@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The tour itself, off-screen: what it tells, and the pictures that it leaves.
 
 #include "tests/support/file_folder.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/log/analyser/analyser_run.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The analyser's plugin in tshark, on captures written by hand. A start of tshark takes a good part
 // of a second, so each case looks at many packets.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What the two tables of the commands have to do with each other: every command that can be parsed
 // is served, and works on the value that its data becomes.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/commands/indicators.h"
 
 #include "tests/support/printer_bench.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/bitmap.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/bmp_file.h"
 
 #include "link/frame.h"

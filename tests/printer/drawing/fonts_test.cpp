@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/fonts.h"
 
 #include "tests/support/file_folder.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/internal_images.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/drawing/print_text.h"
 
 #include "tests/support/installed_fonts.h"

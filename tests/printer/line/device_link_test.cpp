@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/line/device_link.h"
 
 #include <gtest/gtest.h>

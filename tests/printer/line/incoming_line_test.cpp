@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/line/incoming_line.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/line/pseudo_terminal.h"
 
 #include "tests/support/device_user.h"

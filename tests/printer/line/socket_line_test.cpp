@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/line/socket_line.h"
 
 #include "tests/support/file_folder.h"

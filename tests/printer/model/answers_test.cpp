@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/model/answers.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/model/fault.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/support/printer_bench.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/printer/program/all_commands.h"
 
 #include <array>

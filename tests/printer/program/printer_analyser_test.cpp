@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // Network analysers read the captures that the built program makes.
 
 #include "log/capture_file.h"

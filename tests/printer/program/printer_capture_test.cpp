@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program writes captures.
 
 #include "log/capture_file.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program on a line over a socket.
 
 #include "protocol/tcp_address.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "tests/printer/program/printer_program.h"
 
 #include "tests/support/device_user.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program plays captures back.
 
 #include "log/capture_writer.h"

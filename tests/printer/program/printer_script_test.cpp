@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The script of the built program, as another program would use it.
 
 #include "printer/service/printer_script.h"

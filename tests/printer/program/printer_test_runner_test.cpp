@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program as a test runner uses it: answers in JSON, an exit status, a log of its own.
 
 #include "tests/printer/program/printer_program.h"

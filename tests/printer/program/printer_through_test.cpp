@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program between a console and a real printer, whose place a pseudo-terminal takes.
 
 #include "printer/line/pseudo_terminal.h"

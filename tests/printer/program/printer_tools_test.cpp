@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The built program behind the tools that carry a serial line over a network.
 
 #include "link/unique_descriptor.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Sends commands to a printer behind a server of RFC 2217: rfc2217_client.py PORT
 
 Each line of standard input is a command, "CODE DATA" in hex; its reply's status is written to

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/end_watch.h"
 
 #include "tests/support/wait_for.h"

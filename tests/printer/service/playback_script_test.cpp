@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A capture that is played back on a pseudo-terminal, with a script beside it.
 
 #include "log/playback_server.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The lines of a script that deal with cards.
 
 #include "tests/printer/service/script_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/service/script_commands.h"
 
 #include "printer/service/script_text.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // What a script does at the end of its input.
 
 #include "tests/printer/service/script_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // A script that is answered in JSON.
 
 #include "tests/printer/service/script_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The lines of a script that deal with the printer, its line and its faults.
 
 #include "printer/line/socket_line.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The lines of a script that wait.
 
 #include "tests/printer/service/script_fixture.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/card_page.h"
 
 #include "printer/window/card_slot_view.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The card's side of the window: its face, its tracks, the deck.
 
 #include "printer/window/face_view.h"

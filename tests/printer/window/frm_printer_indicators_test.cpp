@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // LED and buzzer as the window shows them.
 
 #include "printer/window/card_slot_view.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 // The window's menus, keys, names and what it remembers.
 
 #include "dialogs/telling_guard.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/frm_printer.h"
 
 #include "tests/support/printer_form_bench.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: MIT
+
 #include "printer/window/printer_page.h"
 
 #include "tests/support/installed_fonts.h"
