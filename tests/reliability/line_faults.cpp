@@ -552,7 +552,8 @@ std::span<const PortFault> PortFaults() {
              line.After(26, [&line] { line.Port().Lose(); });
            },
        .prepare = kNothing,
-       .message = kGone},
+       .message = kGone,
+       .is_replied_before = true},
       {.name = "device gone at the resend",
        .strike = kAsksAgain,
        .prepare = [](Line& line) { line.Port().FailAtWrite(2); },

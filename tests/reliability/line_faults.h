@@ -62,6 +62,8 @@ struct PortFault {
   const char* response = "";
   // Whether the port is closed beforehand; vantrel-send opens it then.
   bool is_closed_before = false;
+  // Whether the good reply is whole by then: for vantrel-send it counts.
+  bool is_replied_before = false;
 };
 
 std::span<const PortFault> PortFaults();
