@@ -89,6 +89,15 @@ TEST_F(PrinterReplay, ServesAScriptUntilItsInputEnds) {
   EXPECT_EQ(program_.readAllStandardOutput(), "replayed 2 of 2 frames, 0 unexpected\n");
 }
 
+TEST_F(PrinterReplay, TellsInJsonHowFarItCame) {
+  Start({"--headless", "--script", "--json", "--replay", Capture()});
+  EXPECT_EQ(ReadLine().substr(0, 22), R"({"ok":true,"device":"/)");
+  program_.closeWriteChannel();
+  EXPECT_EQ(End(), 1);
+  EXPECT_EQ(program_.readAllStandardOutput(),
+            "{\"ok\":false,\"frames\":2,\"played\":0,\"unexpected\":0}\n");
+}
+
 TEST_F(PrinterReplay, RefusesACaptureThatIsNotWhole) {
   const QString path = Capture();
   QFile file(path);

@@ -200,6 +200,14 @@ TEST_F(RunnersPrinter, RefusesOptionsThatDoNotGoTogether) {
   EXPECT_THAT(WrongUse({"--json"}), StartsWith("vantrel-printer: --json needs --script."));
   EXPECT_THAT(WrongUse({"--log-limit", "5"}),
               StartsWith("vantrel-printer: --log-limit needs --log."));
+  EXPECT_THAT(WrongUse({"--link", ""}),
+              StartsWith("vantrel-printer: --link needs the path of the link to make."));
+  EXPECT_THAT(WrongUse({"--capture", ""}),
+              StartsWith("vantrel-printer: --capture needs the file to write."));
+  EXPECT_THAT(WrongUse({"--through", ""}),
+              StartsWith("vantrel-printer: --through needs the device of the printer."));
+  EXPECT_THAT(WrongUse({"--replay", ""}),
+              StartsWith("vantrel-printer: --replay needs the capture to play back."));
   EXPECT_THAT(WrongUse({"--log", ""}),
               StartsWith("vantrel-printer: --log needs the file to write."));
   EXPECT_THAT(WrongUse({"--log", "a.pcapng"}),
