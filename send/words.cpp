@@ -18,6 +18,8 @@ class Splitter {
   std::vector<std::string> Split() {
     SkipBlanks();
     if (!AtEnd() && line_[position_] == '#') return {};
+    // It would end the parameter early wherever that is a path or told.
+    if (line_.find('\0') != std::string_view::npos) throw WrongUse("The line holds a byte 00h.");
     while (!AtEnd()) {
       words_.push_back(Word());
       SkipBlanks();

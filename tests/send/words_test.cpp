@@ -48,5 +48,17 @@ TEST(WordsOfALine, RefuseWhatIsNotClosed) {
   EXPECT_THROW(WordsOf("41 a\\"), commandline::WrongUse);
 }
 
+TEST(WordsOfALine, RefuseAZeroByteInWords) {
+  using namespace std::string_view_literals;
+  for (const std::string_view line : {"4B A \0"sv, "35 'a\0b'"sv, "41 \\\0"sv}) {
+    try {
+      WordsOf(line);
+      ADD_FAILURE() << line;
+    } catch (const commandline::WrongUse& error) {
+      EXPECT_STREQ(error.what(), "The line holds a byte 00h.");
+    }
+  }
+}
+
 }  // namespace
 }  // namespace vantrel::send
