@@ -4,12 +4,18 @@
 
 #include "send/line_port.h"
 
+#include "link/unique_descriptor.h"
 #include "tests/support/test_terminal.h"
 
 #include <gtest/gtest.h>
 
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vantrel::send {
 namespace {
@@ -35,6 +41,43 @@ class LinePortTest : public testing::Test, public link::PortListener {
   std::string heard_;
   std::string lost_;
   std::function<void()> meanwhile_;  // once, after the bytes of a call have been taken
+};
+
+// What is heard of a port, in its order: bytes as hex text, and the end in words.
+struct Ears : link::PortListener {
+  explicit Ears(LinePort& port) : line(port) { line.SetListener(this); }
+  void OnComm(int) override { heard.push_back(link::HexTextOf(line.Input())); }
+  void OnLost(const link::PortError& error) override { heard.emplace_back(error.what()); }
+
+  LinePort& line;
+  std::vector<std::string> heard;
+};
+
+// A TCP port on this machine that speaks to the first who connects.
+class Host {
+ public:
+  Host() : listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* found = reinterpret_cast<sockaddr*>(&address);
+    EXPECT_EQ(bind(listener_.Get(), found, size), 0);
+    EXPECT_EQ(listen(listener_.Get(), 1), 0);
+    EXPECT_EQ(getsockname(listener_.Get(), found, &size), 0);
+    port_ = ntohs(address.sin_port);
+  }
+
+  std::string HostAndPort() const { return "127.0.0.1:" + std::to_string(port_); }
+  // To who has connected.
+  void SendAndEnd(const std::string& bytes) const {
+    const link::UniqueDescriptor guest(accept4(listener_.Get(), nullptr, nullptr, SOCK_CLOEXEC));
+    EXPECT_EQ(write(guest.Get(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+  }
+
+ private:
+  link::UniqueDescriptor listener_;
+  unsigned port_ = 0;
 };
 
 TEST_F(LinePortTest, LosesNoByteThatComesBeforeTheDiscard) {
@@ -73,6 +116,20 @@ TEST_F(LinePortTest, EmptiesWhatLiesUnreadWhenItIsOpened) {
   terminal_.Send("06");
   clock_.WaitForEvents();
   EXPECT_EQ(heard_, "06");
+}
+
+// As many bytes as are read at once, so that the end is met in the same turn.
+TEST_F(LinePortTest, TellsWhatCameBeforeTheEndOfAConnection) {
+  const Host host;
+  LinePort port("tcp:" + host.HostAndPort(), 9600, clock_);
+  Ears ears(port);
+  port.Open();
+  host.SendAndEnd(std::string(4096, 'A'));
+  while (ears.heard.empty() || ears.heard.back().starts_with("4141")) clock_.WaitForEvents();
+  std::string bytes;
+  for (int i = 0; i < 4096; ++i) bytes += "41";
+  EXPECT_EQ(ears.heard, (std::vector<std::string>{
+                            bytes, "The connection to " + host.HostAndPort() + " has ended."}));
 }
 
 TEST_F(LinePortTest, TellsTheEndOfTheDeviceAndIsClosed) {

@@ -42,6 +42,29 @@ class Remover : public Endless {
   EventSource& other_;
 };
 
+// What is on the line `at`, an end of a pipe, or nowhere.
+struct Line : EventSource {
+  int Descriptor() const override { return at; }
+  short Events() const override { return POLLIN; }
+  void OnReady(short) override { ++count; }
+  int at = -1;
+  int count = 0;
+};
+
+// Opens a source that is served after it on another line.
+class Opener : public Endless {
+ public:
+  Opener(Line& other, int line) : other_(other), line_(line) {}
+  void OnReady(short events) override {
+    Endless::OnReady(events);
+    other_.at = line_;
+  }
+
+ private:
+  Line& other_;
+  const int line_;
+};
+
 struct Ticks : link::Clock::Listener {
   void OnTick(link::Timer timer) override { timers.push_back(timer); }
   std::vector<link::Timer> timers;
@@ -66,6 +89,23 @@ TEST(PollClock, ServesNoSourceThatWasUnwatchedMeanwhile) {
   clock.WaitForEvents();
   EXPECT_EQ(first.Count(), 1);
   EXPECT_EQ(second.Count(), 0);
+}
+
+TEST(PollClock, ServesNoSourceWithWhatItsFormerLineHad) {
+  PollClock clock;
+  std::array<int, 2> silent{};
+  ASSERT_EQ(pipe2(silent.data(), O_CLOEXEC), 0);
+  const link::UniqueDescriptor silent_end(silent[0]);
+  const link::UniqueDescriptor silent_writer(silent[1]);
+  const link::UniqueDescriptor loud(open("/dev/zero", O_RDONLY | O_CLOEXEC));
+  Line second;
+  second.at = loud.Get();
+  Opener first(second, silent_end.Get());
+  clock.Watch(first);
+  clock.Watch(second);
+  clock.WaitForEvents();
+  EXPECT_EQ(first.Count(), 1);
+  EXPECT_EQ(second.count, 0);
 }
 
 TEST(PollClock, TicksOncePerStart) {

@@ -117,6 +117,16 @@ TEST_F(Printer, WorksOffCommandsInTheOrderTheyCame) {
   EXPECT_EQ(bench_.Pass(400ms), support::Chunks{"02 50 20 03 73"});
 }
 
+// The read is due after 700 ms, the move 400 ms after that.
+TEST_F(Printer, IsNoSlowerForALateCall) {
+  bench_.InsertCard();
+  bench_.Send("02 21 03 22 02 51 03 52");
+  bench_.now += 900ms;
+  EXPECT_EQ(bench_.Pass(0ms), support::Chunks{"02 21 20 41 42 43 03 42"});
+  EXPECT_EQ(bench_.Pass(199ms), support::Chunks{});
+  EXPECT_EQ(bench_.Pass(1ms), support::Chunks{"02 51 20 03 72"});
+}
+
 TEST_F(Printer, RejectsACommandWhenTooManyStandInLine) {
   bench_.InsertCard();
   // One at work and sixteen in line.

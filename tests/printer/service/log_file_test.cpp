@@ -4,6 +4,7 @@
 
 #include "log/line_recorder.h"
 #include "tests/support/file_folder.h"
+#include "tests/support/file_limits.h"
 #include "tests/support/wait_for.h"
 
 #include <QTest>
@@ -83,6 +84,26 @@ TEST_F(LogFileTest, EndsAtItsLimitWithWholeRowsAndSaysSoOnce) {
   EXPECT_EQ(told[0].toStdString(),
             "the log " + folder_.Path("line.txt") + " has reached its limit and ends there.");
   EXPECT_FALSE(file.HasFailed());
+}
+
+TEST_F(LogFileTest, EndsWithAWholeRowWhereTheDiskIsFullAndSaysWhy) {
+  LogFile file(folder_.Path("line.txt"), {});
+  QStringList told;
+  QObject::connect(&file, &LogFile::Ended, [&told](const QString& reason) { told << reason; });
+  file.Begin(recorder_);
+  for (int i = 0; i < 2; ++i) Receive("02950396");
+  file.Finish();
+  const std::string whole = folder_.Contents("line.txt");
+  EXPECT_EQ(std::count(whole.begin(), whole.end(), '\n'), 2);
+  {
+    const support::SizeLimit limit(whole.size() + 7);
+    for (int i = 0; i < 2; ++i) Receive("02950396");
+    file.Finish();
+  }
+  EXPECT_EQ(folder_.Contents("line.txt"), whole);
+  EXPECT_EQ(told, QStringList(QString::fromStdString("the log " + folder_.Path("line.txt") +
+                                                     " has ended: File too large.")));
+  EXPECT_TRUE(file.HasFailed());
 }
 
 TEST_F(LogFileTest, FollowsALink) {

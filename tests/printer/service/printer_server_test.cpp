@@ -21,6 +21,8 @@
 namespace vantrel::printer {
 namespace {
 
+using namespace std::chrono_literals;
+
 class PrinterServerTest : public testing::Test {
  protected:
   // Whether the other side of the line has gone.
@@ -123,6 +125,16 @@ TEST_F(PrinterServerTest, HasAFaultAsACommentOfTheCommandThatMetIt) {
                           "fault: status 38 (status 38h answers in place of the work)\n"
                           "fault: bad-bcc (the reply goes with each bit of its block check turned)",
                           ""}));
+}
+
+TEST_F(PrinterServerTest, HasInTheLogWhenBytesHadComeOverTheLine) {
+  log::LineRecorder recorder;
+  RecordLineOf(server_, recorder);
+  const log::WallTime before = log::WallNow();
+  emit server_.Received(QByteArray::fromHex("02950396"), server_.Now() - 1h);
+  ASSERT_EQ(recorder.Log().End(), 1U);
+  EXPECT_GE(recorder.Log().At(0).time, before - 1h - 1min);
+  EXPECT_LE(recorder.Log().At(0).time, before - 1h + 1min);
 }
 
 TEST_F(PrinterServerTest, HasARemarkInTheLogAndInNoComment) {

@@ -121,6 +121,13 @@ TEST_F(ScriptWaits, RefuseWhatIsNeitherACodeNorALimit) {
   }
 }
 
+TEST_F(ScriptWaits, MayBeAnHourLong) {
+  EXPECT_EQ(AskSoon("wait idle 3600000"), "ok");
+  EXPECT_EQ(AskSoon("wait card-wait 3600000"), "");
+  console_.Write(kRead);
+  EXPECT_EQ(Awaited(), "ok");
+}
+
 TEST_F(ScriptWaits, FailTheScriptWhereTheyRunOut) {
   Ask("wait idle");
   EXPECT_EQ(script_.Status(), 0);
