@@ -50,6 +50,9 @@ constexpr int kQuickExchange = 100;
 constexpr int kNarrowWindow = 112;
 constexpr int kHintLines = 4;
 constexpr QSize kStartSize(1120, 720);
+// Pixels between what stands in the window and its edges. The right one belongs to what has it, so
+// that the buttons keep it when their scroll bar stands at the edge.
+constexpr int kSideMargin = 8;
 // What a window manager may put around a window that has not been shown yet.
 constexpr QSize kUsualFrame(8, 32);
 
@@ -77,7 +80,7 @@ FrmVantrel::FrmVantrel(link::Port& port, dialogs::Dialogs& dialogs, dialogs::Gua
   BuildMenus();
   auto* content = new QWidget;
   auto* layout = new QVBoxLayout(content);
-  layout->setContentsMargins(8, 4, 8, 4);
+  layout->setContentsMargins(kSideMargin, 4, 0, 4);
   layout->setSpacing(6);
   layout->addWidget(BuildExchange(), 1);
   layout->addWidget(BuildButtons(), 3);
@@ -169,7 +172,7 @@ QWidget* FrmVantrel::BuildExchange() {
 
   auto* exchange = new QWidget;
   exchange_ = new QGridLayout(exchange);
-  exchange_->setContentsMargins(0, 0, 0, 0);
+  exchange_->setContentsMargins(0, 0, kSideMargin, 0);
   exchange_->setHorizontalSpacing(8);
   exchange_->setVerticalSpacing(4);
   exchange_->addWidget(dialogs::MakeLabel("lblCommand", "Command :"), 0, 0);
@@ -213,6 +216,7 @@ QWidget* FrmVantrel::BuildHints() {
 QWidget* FrmVantrel::BuildButtons() {
   const auto commands = Commands();
   buttons_ = new ButtonArea(commands);
+  buttons_->layout()->setContentsMargins(0, 0, kSideMargin, 0);
   for (std::size_t i = 0; i < commands.size(); ++i) {
     const ConsoleCommand& command = commands[i];
     CommandButton* button = buttons_->Buttons()[i];

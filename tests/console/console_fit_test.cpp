@@ -80,10 +80,15 @@ class ConsoleFitTest : public support::ConsoleTest {
       EXPECT_LE(std::ceil(caption.width()), button->width()) << button->text().toStdString();
     }
   }
-  QScrollBar& ButtonsScrollBar() {
+  QScrollArea& ButtonsArea() {
     QWidget* widget = Button("Cmd21");
     while (qobject_cast<QScrollArea*>(widget) == nullptr) widget = widget->parentWidget();
-    return *qobject_cast<QScrollArea*>(widget)->verticalScrollBar();
+    return *qobject_cast<QScrollArea*>(widget);
+  }
+  QScrollBar& ButtonsScrollBar() { return *ButtonsArea().verticalScrollBar(); }
+  // Where a widget stands in the window.
+  QRect PlaceOf(const QWidget& widget) const {
+    return {widget.mapTo(form_.get(), QPoint()), widget.size()};
   }
 
   const QFont before_ = QApplication::font();
@@ -142,6 +147,33 @@ TEST_F(ConsoleFitTest, NothingScrollsWhereThereIsRoom) {
     Resize({width, 760});
     ASSERT_EQ(form_->height(), 760) << width;
     EXPECT_EQ(ButtonsScrollBar().maximum(), 0) << width;
+  }
+}
+
+TEST_F(ConsoleFitTest, TheButtonsHaveTheSameMarginAtBothEdgesOfTheWindow) {
+  LoadWith(9);
+  Resize({1024, 760});
+  ASSERT_FALSE(ButtonsScrollBar().isVisible());
+  const QRect first = PlaceOf(*Buttons().front()), last = PlaceOf(*Buttons().back());
+  EXPECT_GT(first.left(), 0);
+  EXPECT_EQ(form_->width() - (last.right() + 1), first.left());
+  const QRect exit = PlaceOf(*Button("CmdExit"));
+  EXPECT_LE(exit.right(), last.right());
+}
+
+TEST_F(ConsoleFitTest, TheButtonsKeepTheirMarginBesideTheScrollBar) {
+  LoadWith(18);
+  for (const int width : {form_->minimumWidth(), 760, 1024}) {
+    Resize({width, form_->minimumHeight()});
+    ASSERT_TRUE(ButtonsScrollBar().isVisible()) << width;
+    const QRect first = PlaceOf(*Buttons().front()), last = PlaceOf(*Buttons().back());
+    const QRect bar = PlaceOf(ButtonsScrollBar());
+    EXPECT_GT(first.left(), 0) << width;
+    EXPECT_EQ(bar.left() - (last.right() + 1), first.left()) << width;
+    EXPECT_LE(bar.right(), form_->rect().right()) << width;
+    // Nothing is left out at the side.
+    EXPECT_LE(ButtonsArea().widget()->width(), ButtonsArea().viewport()->width()) << width;
+    EXPECT_FALSE(ButtonsArea().horizontalScrollBar()->isVisible()) << width;
   }
 }
 
