@@ -42,6 +42,18 @@ TEST(Manual, HasNothingThatItsReadersWarnOf) {
   }
 }
 
+// What troff would take for a quote, a caret or a tilde of its own.
+TEST(Manual, WritesCharactersAsTheyStand) {
+  const Program program{.name = "wrapper",
+                        .version = "1",
+                        .summary = "wraps",
+                        .options = {{.name = "all", .help = "Takes '^' and '~' as they are."}}};
+  const std::string manual = ManualPage(program, "@OPTIONS@\n");
+  EXPECT_NE(manual.find("Takes \\(aq\\(ha\\(aq and \\(aq\\(ti\\(aq as they are."),
+            std::string::npos)
+      << manual;
+}
+
 TEST(Manual, WrapsLinesAndHidesADotAtTheBeginningOfOne) {
   const Program program{
       .name = "wrapper",

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -21,6 +22,7 @@ class WindowFileChooserTest : public testing::Test {
   // Runs `act` on the dialog that opens next, and closes it by its button or, where nothing is
   // chosen, by its close box.
   void OnDialog(std::function<void(QFileDialog& dialog)> act, bool accepts = true) {
+    look_.disconnect();
     QObject::connect(&look_, &QTimer::timeout, &look_, [this, act = std::move(act), accepts] {
       auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
       if (dialog == nullptr || !dialog->isVisible()) return;
@@ -82,6 +84,25 @@ TEST_F(WindowFileChooserTest, KeepsAnEndingThatIsThere) {
 TEST_F(WindowFileChooserTest, ClosedGivesNoName) {
   OnDialog([](QFileDialog&) {}, false);
   EXPECT_EQ(Save(), "");
+}
+
+TEST_F(WindowFileChooserTest, OpensAFileThatIsThere) {
+  const QString path = folder_.filePath("cards.json");
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.close();
+  const auto open = [this] {
+    return chooser_.OpenName(nullptr, "Open deck", "Decks of cards (*.json);;All files (*)");
+  };
+  OnDialog([&path](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Open deck");
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptOpen);
+    EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+    Name(dialog, path);
+  });
+  EXPECT_EQ(open(), path);
+  OnDialog([&path](QFileDialog& dialog) { Name(dialog, path); }, false);
+  EXPECT_EQ(open(), "");
 }
 
 }  // namespace

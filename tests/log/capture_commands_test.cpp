@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 #include <stdlib.h>
 
+#include <algorithm>
 #include <chrono>
 #include <ctime>
 #include <filesystem>
@@ -196,6 +197,37 @@ TEST_F(CaptureCommandsTest, SaysWhereItComparedInStep) {
   EXPECT_EQ(errors_.str(),
             "vantrel-log: the captures differ so much that part of them was compared in step, one "
             "exchange with one.\n");
+}
+
+TEST_F(CaptureCommandsTest, SaysThatAComparisonCannotBeWritten) {
+  const std::string a = Save("a.pcapng", Sample());
+  out_.setstate(std::ios::badbit);
+  EXPECT_EQ(CompareCaptures(a, a, false, out_, errors_), 2);
+  EXPECT_EQ(errors_.str(), "vantrel-log: standard output cannot be written.\n");
+}
+
+// 4,000 rows are more than are written at once.
+TEST_F(CaptureCommandsTest, ConvertsManyRowsToCsvAndBack) {
+  std::string capture = CaptureStart({"/dev/pts/7", 9600});
+  for (int i = 0; i < 4000; ++i)
+    AppendPacket(capture, {WallTime{std::chrono::seconds{i}}, Direction::kFromPrinter, "\x06", {}});
+  ASSERT_EQ(ConvertCapture(Save("a.pcapng", capture), Path("a.csv"), errors_), 0) << errors_.str();
+  const std::string csv = Load(Path("a.csv"));
+  EXPECT_EQ(std::count(csv.begin(), csv.end(), '\n'), 4001);
+  EXPECT_THAT(csv, testing::EndsWith("\r\n1970-01-01,01:06:39.000,sent,06,.,06h acknowledge,"
+                                     "1970-01-01T01:06:39.000000Z,\r\n"));
+  ASSERT_EQ(ConvertCapture(Path("a.csv"), Path("b.pcapng"), errors_), 0) << errors_.str();
+  EXPECT_EQ(ShowCapture(Path("b.pcapng"), false, out_, errors_), 0);
+  const std::string shown = out_.str();
+  EXPECT_EQ(std::count(shown.begin(), shown.end(), '\n'), 4000);
+}
+
+TEST_F(CaptureCommandsTest, SaysHowALogAsCsvBecomesACapture) {
+  ASSERT_EQ(ConvertCapture(Save("a.pcapng", Sample()), Path("a.csv"), errors_), 0);
+  EXPECT_EQ(ShowCapture(Path("a.csv"), false, out_, errors_), 1);
+  EXPECT_EQ(errors_.str(), "vantrel-log: " + Path("a.csv") +
+                               " is no capture but a log as CSV, of which 'vantrel-log convert " +
+                               Path("a.csv") + " OUT.pcapng' makes one.\n");
 }
 
 TEST_F(CaptureCommandsTest, ShowsACommentThatIsNoUtf8AsValidJson) {

@@ -219,6 +219,30 @@ TEST(CaptureReader, ReadsOldAndSimplePackets) {
   EXPECT_THAT(reading.damage, IsEmpty());
 }
 
+TEST(CaptureReader, TellsOfSimplePacketsThatItCannotTake) {
+  const std::string simple = kLittle.Block(3, kLittle.Number(1, 4) + kLittle.Padded("\x06"));
+  // Before any interface, and longer than its block.
+  EXPECT_THAT(Read(kLittle.Section() + simple).damage,
+              ElementsAre("holds 1 packet that is broken"));
+  const std::string too_long = kLittle.Block(3, kLittle.Number(9, 4) + kLittle.Padded("\x06"));
+  const Reading cut = Read(kLittle.Section() + kLittle.OurInterface() + too_long);
+  EXPECT_THAT(cut.rows, IsEmpty());
+  EXPECT_THAT(cut.damage, ElementsAre("holds 1 packet that is broken"));
+  // On a network.
+  const Reading foreign = Read(kLittle.Section() + kLittle.Interface(1) + simple);
+  EXPECT_THAT(foreign.damage, IsEmpty());
+  EXPECT_THAT(foreign.notes, ElementsAre("holds 1 interface of another link type, passed over with "
+                                         "1 packet on it"));
+}
+
+TEST(CaptureReader, TakesNoMoreInterfacesThanAnyLineHas) {
+  std::string capture = kLittle.Section();
+  for (int i = 0; i < 65536; ++i) capture += kLittle.OurInterface();
+  EXPECT_THAT(Read(capture).damage, IsEmpty());
+  EXPECT_THAT(Read(capture + kLittle.OurInterface()).damage,
+              ElementsAre("holds a broken description of itself"));
+}
+
 TEST(CaptureReader, GivesWhatWrittenRowsWere) {
   std::string capture = CaptureStart({"/dev/pts/7", 19200});
   AppendPacket(capture, {WallTime(1767349230123456us), Direction::kFromConsole, FromHex("02210322"),

@@ -10,6 +10,7 @@
 #include "tests/support/window_checks.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QColor>
 #include <QDropEvent>
@@ -20,6 +21,7 @@
 #include <QPalette>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -81,9 +83,11 @@ class FrmViewTest : public testing::Test {
     return Table()->model()->index(row, 0).data(Qt::BackgroundRole).value<QColor>();
   }
   QString Text(const char* name) const { return form_->findChild<QLabel*>(name)->text(); }
-  void Drop(const QString& path, const QPointF& where) const {
+  void Drop(const QStringList& paths, const QPointF& where) const {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(path)});
+    QList<QUrl> urls;
+    for (const QString& path : paths) urls += QUrl::fromLocalFile(path);
+    data.setUrls(urls);
     QDragEnterEvent enter(where.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(form_.get(), &enter);
     QDropEvent drop(where, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -220,14 +224,108 @@ TEST_F(FrmViewTest, OpensADroppedFile) {
   Write("b.pcapng", {Row(0ms, Direction::kFromConsole, k22)});
   Show({"a.pcapng"});
   ASSERT_TRUE(HasRows(3));
-  Drop(PathOf("b.pcapng"), {1, 1});
+  Drop({PathOf("b.pcapng")}, {1, 1});
   ASSERT_TRUE(HasRows(1));
   EXPECT_EQ(form_->windowTitle(), "b.pcapng");
   Show({"a.pcapng", "a.pcapng"});
   ASSERT_TRUE(HasRows(3));
-  Drop(PathOf("b.pcapng"), {form_->width() - 1.0, 1});
+  Drop({PathOf("b.pcapng")}, {form_->width() - 1.0, 1});
   EXPECT_TRUE(support::WaitFor([this] { return Text("LblView").endsWith("4 lines differ"); }));
   EXPECT_TRUE(form_->windowTitle().endsWith("b.pcapng"));
+}
+
+TEST_F(FrmViewTest, OpensTwoDroppedFilesSideBySide) {
+  Write("a.pcapng", Read21(kReply21));
+  Write("b.pcapng", Read21(kReply21WithB));
+  Write("c.pcapng", {Row(0ms, Direction::kFromConsole, k22)});
+  Show({"c.pcapng", "c.pcapng"});
+  ASSERT_TRUE(HasRows(1));
+  Drop({PathOf("a.pcapng"), PathOf("b.pcapng")}, {1, 1});
+  EXPECT_TRUE(
+      support::WaitFor([this] { return Text("LblView") == "3 lines \u00B7 1 line differs"; }));
+  EXPECT_EQ(Cell(2, kMeaning), "reply 21h: 20h normal status, \"A\"");
+  EXPECT_EQ(Cell(2, kRight + kMeaning), "reply 21h: 20h normal status, \"B\"");
+}
+
+TEST_F(FrmViewTest, CopiesAllLinesWhereNoneIsSelected) {
+  std::vector<LogEntry> right = Read21(kReply21WithB);
+  right.push_back(Row(3000ms, Direction::kFromConsole, k22));
+  Write("a.pcapng", Read21(kReply21));
+  Write("b.pcapng", right);
+  Show({"a.pcapng", "b.pcapng"});
+  ASSERT_TRUE(
+      support::WaitFor([this] { return Text("LblView") == "4 lines \u00B7 2 lines differ"; }));
+  EXPECT_EQ(Cell(3, kDifference), "\u25B6 only right");
+  QTest::mouseClick(form_->findChild<QPushButton*>("CmdCopyView"), Qt::LeftButton);
+  // Without the times.
+  QStringList lines;
+  for (const QString& line : QApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts))
+    lines += line.left(2) + line.mid(line.indexOf('.') + 6);
+  EXPECT_EQ(lines,
+            QStringList({"  received  02 21 03 22  21h first track read",
+                         "  sent      06  06h acknowledge",
+                         "< sent      02 21 20 41 03 43  reply 21h: 20h normal status, \"A\"",
+                         "> sent      02 21 20 42 03 40  reply 21h: 20h normal status, \"B\"",
+                         "> received  02 22 03 21  22h second track read"}));
+}
+
+TEST_F(FrmViewTest, SetsNoiseBesideNoiseAndCallsItNoDifference) {
+  const std::string noise = "\x41";
+  std::vector<LogEntry> left = Read21(kReply21);
+  left.insert(left.begin() + 2, Row(3ms, Direction::kFromPrinter, noise));
+  std::vector<LogEntry> right = left;
+  right.push_back(Row(3000ms, Direction::kFromPrinter, noise));
+  Write("a.pcapng", left);
+  Write("b.pcapng", right);
+  Show({"a.pcapng", "b.pcapng"});
+  ASSERT_TRUE(HasRows(5));
+  EXPECT_EQ(Cell(2, kHex), "41");
+  EXPECT_EQ(Cell(2, kRight + kHex), "41");
+  EXPECT_EQ(Cell(4, kHex), "");
+  EXPECT_EQ(Cell(4, kRight + kHex), "41");
+  for (int row = 0; row < 5; ++row) EXPECT_EQ(Cell(row, kDifference), "") << row;
+}
+
+TEST_F(FrmViewTest, FiltersWhileItAlignsAnew) {
+  Write("a.pcapng", Read21(kReply21));
+  Write("b.pcapng", Read21(kReply21));
+  Show({"a.pcapng", "b.pcapng"});
+  ASSERT_TRUE(HasRows(3));
+  form_->findChild<QLineEdit*>("TxtViewFilter")->setText("track");
+  ASSERT_TRUE(HasRows(1));
+  Write("b.pcapng", {Row(3000ms, Direction::kFromConsole, k22)}, true);
+  EXPECT_TRUE(support::WaitFor([this] { return Cell(1, kDifference) == "\u25B6 only right"; }));
+  EXPECT_EQ(Cell(1, kRight + kMeaning), "22h second track read");
+  // Fewer lines than before.
+  Write("b.pcapng", Read21(kReply21));
+  EXPECT_TRUE(HasRows(1));
+  form_->findChild<QLineEdit*>("TxtViewFilter")->clear();
+  EXPECT_TRUE(HasRows(3));
+}
+
+TEST_F(FrmViewTest, GoesToItsEndWhereItFollowsAgain) {
+  const std::vector<LogEntry> rows(500, Row(0ms, Direction::kFromConsole, k21));
+  Write("a.pcapng", rows);
+  Show({"a.pcapng"});
+  ASSERT_TRUE(HasRows(500));
+  auto* follows = form_->findChild<QCheckBox*>("ChkFollowView");
+  follows->setChecked(false);
+  Table()->scrollToTop();
+  follows->setChecked(true);
+  EXPECT_EQ(Table()->verticalScrollBar()->value(), Table()->verticalScrollBar()->maximum());
+}
+
+TEST_F(FrmViewTest, HasTheTextToFindAtHand) {
+  Write("a.pcapng", Read21(kReply21));
+  Show({"a.pcapng"});
+  ASSERT_TRUE(HasRows(3));
+  form_->activateWindow();
+  Table()->setFocus();
+  auto* find = form_->findChild<QLineEdit*>("TxtViewFind");
+  find->setText("reply");
+  QTest::keyClick(form_.get(), Qt::Key_F, Qt::ControlModifier);
+  EXPECT_EQ(form_->focusWidget(), find);
+  EXPECT_EQ(find->selectedText(), "reply");
 }
 
 TEST_F(FrmViewTest, OpensADroppedFileWhileItAligns) {
@@ -238,7 +336,7 @@ TEST_F(FrmViewTest, OpensADroppedFileWhileItAligns) {
   Write("c.pcapng", {Row(0ms, Direction::kFromConsole, k21)});
   Show({"a.pcapng", "b.pcapng"});
   ASSERT_TRUE(HasRows(20000));
-  Drop(PathOf("c.pcapng"), {form_->width() - 1.0, 1});
+  Drop({PathOf("c.pcapng")}, {form_->width() - 1.0, 1});
   EXPECT_TRUE(support::WaitFor(
       [this] { return Text("LblView") == "20,000 lines \u00B7 19,999 lines differ"; }));
   EXPECT_EQ(Cell(0, kRight + kMeaning), "21h first track read");

@@ -185,6 +185,21 @@ TEST_F(RunTest, CountsNoReplyThatTheLineHasCutShort) {
   EXPECT_EQ(exchange.received, "0602582003");
 }
 
+TEST_F(RunTest, RefusesAListForManyRoundsThatIsTooLong) {
+  settings_.rounds = 2;
+  std::FILE* file = std::tmpfile();
+  for (int i = 0; i < 100'001; ++i) std::fputs("58\n", file);
+  std::rewind(file);
+  PollClock clock;
+  LineInput input(fileno(file), clock, [] { return false; });
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(run_.DoLines(input), 1);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "vantrel-send: A list for many rounds has at most 100000 commands.\n");
+  std::fclose(file);
+  EXPECT_TRUE(Waits().empty());
+}
+
 // Whatever bytes come as data, what is told of them is UTF-8.
 TEST_F(RunTest, TellsAnyBytesInUtf8) {
   std::string bytes;

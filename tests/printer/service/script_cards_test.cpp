@@ -25,6 +25,14 @@ TEST_F(ScriptCards, TakeATrackAsItStandsAfterOneBlank) {
   EXPECT_EQ(model_.State().card.tracks[0], "A");
 }
 
+TEST_F(ScriptCards, RefuseATrackThatIsLongerThanTheCards) {
+  EXPECT_EQ(Ask("track 1 " + std::string(76, 'A')), "ok");
+  EXPECT_EQ(Ask("track 1 " + std::string(77, 'B')), "error the track holds 76 bytes");
+  EXPECT_EQ(model_.State().card.tracks[0], std::string(76, 'A'));
+  EXPECT_EQ(Ask("track 2 " + std::string(70, 'B')), "error the track holds 69 bytes");
+  EXPECT_EQ(Ask("track 3 " + std::string(105, 'B')), "error the track holds 104 bytes");
+}
+
 TEST_F(ScriptCards, MeanNothingByBlanksAroundWords) {
   EXPECT_EQ(Ask("\t insert \t cleaning  "), "ok");
   EXPECT_EQ(model_.State().card.kind, CardKind::kCleaning);

@@ -207,6 +207,16 @@ TEST_F(FrmPrinterDeck, TellsWhyItWasNotSavedOrOpened) {
   EXPECT_EQ(Names(), QStringList({"Card 1"}));
 }
 
+TEST_F(FrmPrinterDeck, StaysWhereNoFileIsChosen) {
+  QTest::keyClicks(Track(1), "FIRST\r");
+  dialogs_.Answers(dialogs::Answer::kNo);  // it is not to be saved first
+  files_.WillAnswer({});
+  Entry("Open deck...")->trigger();
+  EXPECT_EQ(files_.LastTitle(), "Open deck");
+  EXPECT_EQ(Names(), QStringList({"Card 1"}));
+  EXPECT_EQ(Track(1)->text(), "FIRST");
+}
+
 TEST_F(FrmPrinterDeck, IsOpenedWhileTheCardIsOutsideAlone) {
   server_.InsertCard();
   EXPECT_FALSE(Entry("Open deck...")->isEnabled());
