@@ -3,6 +3,7 @@
 #include "log/device_lock.h"
 
 #include "link/unique_descriptor.h"
+#include "log/nameless_file.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -72,18 +73,30 @@ bool RemoveDead(const std::string& path) {
   return unlink(path.c_str()) == 0 || errno == ENOENT;
 }
 
-// Writes this process's number into a file of its own and gives that the name of the lock, so that
-// nobody ever sees a lock without a number. Returns 0 or an error.
-int Place(const std::string& path) {
-  const std::string own = path + "." + std::to_string(getpid());
-  unlink(own.c_str());
-  const link::UniqueDescriptor file(
-      open(own.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0644));
-  if (!file.IsOpen()) return errno;
+// Writes this process's number, right-aligned in ten characters. Returns 0 or an error.
+int WriteNumber(int descriptor) {
   std::string number = std::to_string(getpid());
   number.insert(0, number.size() < 10 ? 10 - number.size() : 0, ' ');
   number += '\n';
-  int error = write(file.Get(), number.data(), number.size()) < 0 ? errno : 0;
+  return write(descriptor, number.data(), number.size()) < 0 ? errno : 0;
+}
+
+// Makes a file with this process's number and gives it that name only then, so that nobody ever
+// sees a lock without a number. Returns 0 or an error.
+int Place(const std::string& path) {
+  constexpr mode_t kMode = 0644;
+  const link::UniqueDescriptor nameless(
+      OpenNamelessFile(fs::path(path).parent_path().string(), kMode));
+  if (nameless.IsOpen()) {
+    const int error = WriteNumber(nameless.Get());
+    return error == 0 && NameFile(nameless.Get(), path) != 0 ? errno : error;
+  }
+  const std::string own = path + "." + std::to_string(getpid());
+  unlink(own.c_str());
+  const link::UniqueDescriptor file(
+      open(own.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, kMode));
+  if (!file.IsOpen()) return errno;
+  int error = WriteNumber(file.Get());
   if (error == 0 && ::link(own.c_str(), path.c_str()) != 0) error = errno;
   unlink(own.c_str());
   return error;

@@ -2,6 +2,8 @@
 
 #include "log/file_saver.h"
 
+#include "log/nameless_file.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -41,9 +43,6 @@ std::string RealPath(const std::string& path) {
   const std::unique_ptr<char, void (*)(void*)> real(realpath(path.c_str(), nullptr), std::free);
   return real ? std::string(real.get()) : std::string();
 }
-
-// The name by which this process can give an open file another one.
-std::string OwnName(int descriptor) { return "/proc/self/fd/" + std::to_string(descriptor); }
 
 }  // namespace
 
@@ -94,11 +93,9 @@ void FileSaver::MakePart(Beside beside) {
   // Nobody may read for a moment what was closed to him before.
   const mode_t mode = exists_ ? mode_t{S_IRUSR | S_IWUSR} : mode_t{0666};
   if (beside == Beside::kWithoutName) {
-    const std::string folder = FolderOf(target_) + '.';
-    descriptor_ = open(folder.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, mode);
-    if (descriptor_ >= 0 && access(OwnName(descriptor_).c_str(), F_OK) == 0) return;
+    descriptor_ = OpenNamelessFile(FolderOf(target_) + '.', mode);
+    if (descriptor_ >= 0) return;
     // Where it cannot be made or could not be named, the other way tells what is wrong.
-    if (descriptor_ >= 0) close(descriptor_);
   }
   UnderUnusedName([&] {
     descriptor_ = open(part_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
@@ -107,10 +104,7 @@ void FileSaver::MakePart(Beside beside) {
 }
 
 void FileSaver::NamePart() {
-  UnderUnusedName([this] {
-    return linkat(AT_FDCWD, OwnName(descriptor_).c_str(), AT_FDCWD, part_.c_str(),
-                  AT_SYMLINK_FOLLOW);
-  });
+  UnderUnusedName([this] { return NameFile(descriptor_, part_); });
 }
 
 template <typename Make>

@@ -8,17 +8,20 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <sched.h>
 #include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 #include <system_error>
+#include <vector>
 
 namespace vantrel::log {
 namespace {
@@ -134,6 +137,34 @@ TEST_F(DeviceLockTest, DoesWithTheFirstLockWhereThereIsNoFolder) {
   const DeviceLock lock(terminal_.DevicePath(), device.Get(), folder_ / "missing");
   const link::UniqueDescriptor other = Open();
   EXPECT_NE(flock(other.Get(), LOCK_EX | LOCK_NB), 0);
+}
+
+TEST_F(DeviceLockTest, LeavesNothingButTheLockWhereItIsKilled) {
+  const int probe = open(folder_.c_str(), O_WRONLY | O_TMPFILE | O_CLOEXEC, 0600);
+  const bool has_nameless_files = probe >= 0;
+  if (has_nameless_files) close(probe);
+  for (int i = 0; i < 20; ++i) {
+    fs::remove(File());
+    const pid_t child = fork();
+    if (child == 0) {
+      const link::UniqueDescriptor device = Open();
+      while (true) const DeviceLock lock(terminal_.DevicePath(), device.Get(), folder_);
+    }
+    siginfo_t ended{};
+    while (!fs::exists(File()) && ended.si_pid == 0) {
+      waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT);
+      sched_yield();
+    }
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+  }
+  EXPECT_FALSE(IsBusy());
+  std::vector<std::string> left;
+  for (const auto& entry : fs::directory_iterator(folder_)) left.push_back(entry.path().filename());
+  // Where the file system has no files without a name, those before the lock have one.
+  if (has_nameless_files) {
+    EXPECT_EQ(left, std::vector<std::string>());
+  }
 }
 
 // Only the superuser can become another user, who may not signal a process of the superuser's.
