@@ -33,22 +33,33 @@ link::UniqueDescriptor OpenChecked(const std::string& path, std::size_t most) {
   return file;
 }
 
+// Reads into a part of bytes; returns how many came, 0 at the end.
+std::size_t ReadPart(const link::UniqueDescriptor& file, const std::string& path,
+                     link::Bytes& part) {
+  while (true) {
+    const ssize_t got = read(file.Get(), part.data(), part.size());
+    if (got >= 0) return static_cast<std::size_t>(got);
+    if (errno != EINTR) CannotRead(path);
+  }
+}
+
 }  // namespace
 
-void CheckInputFile(const std::string& path, std::size_t most) { OpenChecked(path, most); }
+link::Bytes BeginningOfInputFile(const std::string& path, std::size_t most, std::size_t count) {
+  link::Bytes bytes(count);
+  bytes.resize(ReadPart(OpenChecked(path, most), path, bytes));
+  return bytes;
+}
 
 link::Bytes ReadInputFile(const std::string& path, std::size_t most) {
   const link::UniqueDescriptor file = OpenChecked(path, most);
   link::Bytes bytes;
   link::Bytes part(65536);
-  while (true) {
-    const ssize_t got = read(file.Get(), part.data(), part.size());
-    if (got < 0 && errno == EINTR) continue;
-    if (got < 0) CannotRead(path);
-    if (got == 0) return bytes;
-    bytes.insert(bytes.end(), part.begin(), part.begin() + got);
+  while (const std::size_t got = ReadPart(file, path, part)) {
+    bytes.insert(bytes.end(), part.begin(), part.begin() + static_cast<std::ptrdiff_t>(got));
     if (bytes.size() > most) throw WrongUse(path + " grows while it is read.");
   }
+  return bytes;
 }
 
 }  // namespace vantrel::send

@@ -12,7 +12,7 @@ namespace vantrel::send {
 // read, is no regular file, or has more than `most` bytes.
 link::Bytes ReadInputFile(const std::string& path, std::size_t most);
 
-// The same without reading it.
-void CheckInputFile(const std::string& path, std::size_t most);
+// The same of its first `count` bytes alone, or of all where it has fewer.
+link::Bytes BeginningOfInputFile(const std::string& path, std::size_t most, std::size_t count);
 
 }  // namespace vantrel::send

@@ -2,9 +2,9 @@
 
 #include "send/picture_loader.h"
 
-#include "commandline/parse.h"
 #include "send/input_file.h"
 #include "send/pictures_plugin.h"
+#include "send/png_picture.h"
 
 #include <dlfcn.h>
 
@@ -25,19 +25,20 @@ Read LoadLibrary() {
   const auto here = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
   const std::string path = (here / VANTREL_PICTURES).lexically_normal().string();
   if (!std::filesystem::exists(path, error))
-    throw PictureError("Pictures cannot be read: " + path +
+    throw PictureError("Pictures other than PNG cannot be read: " + path +
                        " is not installed; it is in the package vantrel.");
   void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
   void* function = library != nullptr ? dlsym(library, "VantrelReadPicture") : nullptr;
   if (function == nullptr)
-    throw PictureError(std::string("Pictures cannot be read: ") + dlerror() + ".");
+    throw PictureError(std::string("Pictures other than PNG cannot be read: ") + dlerror() + ".");
   return reinterpret_cast<Read>(function);
 }
 
 }  // namespace
 
 Picture LoadPicture(const std::string& path, const PictureLimits& limits) {
-  CheckInputFile(path, kLargestFile);
+  if (IsPng(BeginningOfInputFile(path, kLargestFile, kPngSignatureBytes)))
+    return PictureOfPng(ReadInputFile(path, kLargestFile), path, limits);
   static const Read kRead = LoadLibrary();
   Picture picture;
   std::string error;

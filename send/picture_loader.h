@@ -5,8 +5,9 @@
 
 namespace vantrel::send {
 
-// Reads a picture of any format that Qt reads, from a regular file of at most 64 MiB, with the
-// library vantrel-pictures, which it loads at the first call. A PictureReader.
+// Reads a picture from a regular file of at most 64 MiB, whatever its name: PNG by itself, any
+// other format that Qt reads with the library vantrel-pictures, which it loads at the first such
+// call. A PictureReader.
 Picture LoadPicture(const std::string& path, const PictureLimits& limits);
 
 }  // namespace vantrel::send

@@ -55,16 +55,17 @@ std::vector<Option> Placing() {
 }
 
 std::vector<Option> Picturing() {
-  return {{.name = "picture",
-           .value = File(),
-           .help = "Sends the picture FILE instead of HEX. It is never scaled or cut, and what is "
-                   "transparent stays clear."},
-          {.name = "threshold",
-           .value = Number("GREY", 0, 256),
-           .help = "What is darker than GREY is black.",
-           .default_value = "128"},
-          {.name = "dither", .help = "Diffuses the error of each dot, at that threshold."},
-          {.name = "invert", .help = "Turns black and white about; clear stays clear."}};
+  return {
+      {.name = "picture",
+       .value = File(),
+       .help = "Sends the picture FILE instead of HEX: PNG or, with the package vantrel, what Qt "
+               "reads. It is never scaled or cut, and what is transparent stays clear."},
+      {.name = "threshold",
+       .value = Number("GREY", 0, 256),
+       .help = "What is darker than GREY is black.",
+       .default_value = "128"},
+      {.name = "dither", .help = "Diffuses the error of each dot, at that threshold."},
+      {.name = "invert", .help = "Turns black and white about; clear stays clear."}};
 }
 
 std::vector<Option> ImagePlacing(bool is_block_mode) {

@@ -292,16 +292,23 @@ class Unreadable : public SendProgram {
   }
 };
 
-TEST_F(Unreadable, PicturesWhereTheirLibraryIsNotInstalled) {
+TEST_F(Unreadable, PicturesOtherThanPngWhereTheirLibraryIsNotInstalled) {
   ASSERT_TRUE(QDir(folder_.path()).mkpath("bin"));
   const QString alone = folder_.filePath("bin/vantrel-send");
   ASSERT_TRUE(QFile::copy(VANTREL_SEND_PROGRAM, alone));
+  const QString png = folder_.filePath("p.dat");
+  ASSERT_TRUE(Pattern(30, 12).save(png, "png"));
+  QProcess of_png;
+  of_png.start(alone, {"--dry-run", "4D", "--picture", png});
+  const Ended ended = EndOf(of_png);
+  EXPECT_EQ(ended.status, 0) << ended.errors.toStdString();
+  EXPECT_EQ(ended.out, SendTo({"--dry-run", "4D", "--picture", png}).out);
   QProcess program;
   program.start(alone, {"--port", "/dev/no-such-device", "4D", "--picture", alone});
   ASSERT_TRUE(program.waitForFinished());
   EXPECT_EQ(program.exitCode(), 2);
   const QByteArray errors = program.readAllStandardError();
-  EXPECT_TRUE(errors.startsWith("vantrel-send: Pictures cannot be read: " +
+  EXPECT_TRUE(errors.startsWith("vantrel-send: Pictures other than PNG cannot be read: " +
                                 QFileInfo(folder_.path()).canonicalFilePath().toUtf8() + "/lib"))
       << errors.toStdString();
   EXPECT_TRUE(errors.contains(
@@ -325,6 +332,13 @@ TEST_F(Unreadable, PicturesAreRefused) {
   const QString large = folder_.filePath("large.png");
   ASSERT_TRUE(Pattern(481, 8).save(large));
   EXPECT_EQ(Refusal(large), "vantrel-send: The picture has 481 x 8 dots; 480 x 320 fit.");
+  ASSERT_TRUE(Pattern(481, 8).save(large, "bmp"));
+  EXPECT_EQ(Refusal(large), "vantrel-send: The picture has 481 x 8 dots; 480 x 320 fit.");
+  const QString cut = folder_.filePath("cut");
+  ASSERT_TRUE(Pattern(8, 8).save(cut, "png"));
+  ASSERT_TRUE(QFile::resize(cut, 60));
+  EXPECT_EQ(Refusal(cut), "vantrel-send: " + cut.toStdString() +
+                              " is no picture that can be read: it ends too early.");
 }
 
 }  // namespace
