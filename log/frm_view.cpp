@@ -189,7 +189,8 @@ void FrmView::SetColumnWidths() {
     };
     width(ViewModel::kTime, "00:00:00.000");
     width(ViewModel::kDirection, "received ");
-    width(ViewModel::kTook, "+00.000 s wait");
+    columns->resizeSection(first + ViewModel::kTook, fixed.horizontalAdvance("+00.000 s wait") +
+                                                         margin / 2 + RightMargin(*TxtView));
     width(ViewModel::kHex, QString(SideCount() > 1 ? 14 : 32, '0'));
     width(ViewModel::kCharacters, QString(12, '0'));
     width(ViewModel::kMeaning, QString(28, '0'));

@@ -71,9 +71,10 @@ QString ColumnName(int column) {
   }
 }
 
-QVariant HeaderData(Qt::Orientation orientation, int role, const std::function<QString()>& name) {
+QVariant HeaderData(Qt::Orientation orientation, int role, Qt::AlignmentFlag side,
+                    const std::function<QString()>& name) {
   if (orientation != Qt::Horizontal) return {};
-  if (role == Qt::TextAlignmentRole) return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+  if (role == Qt::TextAlignmentRole) return QVariant(side | Qt::AlignVCenter);
   return role == Qt::DisplayRole ? QVariant(name()) : QVariant();
 }
 
@@ -173,7 +174,8 @@ QVariant LogModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  return HeaderData(orientation, role, [section] { return ColumnName(section); });
+  return HeaderData(orientation, role, section == kSince ? Qt::AlignRight : Qt::AlignLeft,
+                    [section] { return ColumnName(section); });
 }
 
 bool LogModel::Matches(const LogEntry& entry) const {

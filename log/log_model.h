@@ -82,8 +82,9 @@ class LogModel : public QAbstractTableModel {
 // The text of a column of an entry, as the table shows it; of every column but kSince.
 QString ColumnText(const LogEntry& entry, int column);
 QString ColumnName(int column);
-// What a table tells of a column of this name.
-QVariant HeaderData(Qt::Orientation orientation, int role, const std::function<QString()>& name);
+// What a table tells of a column of this name, whose text stands at that side.
+QVariant HeaderData(Qt::Orientation orientation, int role, Qt::AlignmentFlag side,
+                    const std::function<QString()>& name);
 // Whether a column of an entry holds the text, whatever its case.
 bool EntryHolds(const LogEntry& entry, const QString& text);
 

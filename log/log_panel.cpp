@@ -228,7 +228,8 @@ void LogPanel::MakeTable() {
   const int margin = 16;
   columns->moveSection(LogModel::kSince, LogModel::kTime + 1);
   columns->resizeSection(LogModel::kTime, fixed.horizontalAdvance("00:00:00.000") + margin);
-  columns->resizeSection(LogModel::kSince, fixed.horizontalAdvance("+000.000 s") + margin);
+  columns->resizeSection(LogModel::kSince,
+                         fixed.horizontalAdvance("+000.000 s") + margin / 2 + RightMargin(*TxtLog));
   columns->resizeSection(LogModel::kDirection, fixed.horizontalAdvance("received ") + margin);
   columns->resizeSection(LogModel::kHex, fixed.horizontalAdvance('0') * 32 + margin);
   columns->resizeSection(LogModel::kCharacters, fixed.horizontalAdvance('0') * 18 + margin);

@@ -237,10 +237,11 @@ QVariant ViewModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ViewModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  return HeaderData(orientation, role, [this, section] {
-    const Cell cell = CellOf(section);
+  const Cell cell = CellOf(section);
+  const bool tells_time_taken = cell.side && cell.column == kTook;
+  return HeaderData(orientation, role, tells_time_taken ? Qt::AlignRight : Qt::AlignLeft, [&] {
     if (!cell.side) return tr("Difference");
-    return cell.column == kTook ? tr("Took") : ColumnName(LogColumnOf(cell.column));
+    return tells_time_taken ? tr("Took") : ColumnName(LogColumnOf(cell.column));
   });
 }
 

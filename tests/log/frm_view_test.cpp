@@ -6,6 +6,7 @@
 
 #include "log/capture_writer.h"
 #include "tests/log/log_rows.h"
+#include "tests/log/table_text.h"
 #include "tests/support/wait_for.h"
 #include "tests/support/window_checks.h"
 
@@ -15,6 +16,9 @@
 #include <QColor>
 #include <QDropEvent>
 #include <QFile>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -138,6 +142,30 @@ TEST_F(FrmViewTest, ShowsRowsWithTheTimeThatTheyTook) {
   EXPECT_EQ(Cell(2, kTook), "+2.498 s wait");
   EXPECT_EQ(Cell(2, kHex), "02 21 20 41 03 43");
   EXPECT_TRUE(support::WaitFor([this] { return Text("LblView") == "3 lines"; }));
+}
+
+TEST_F(FrmViewTest, TheTimeThatWasTakenKeepsAwayFromTheNextColumn) {
+  Write("a.pcapng", Read21(kReply21));
+  const QFontMetrics fixed(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  for (const QStringList& names : {QStringList("a.pcapng"), QStringList{"a.pcapng", "a.pcapng"}}) {
+    Show(names);
+    form_->resize(1600, 400);
+    QTableView& table = *Table();
+    for (int side = 0; side < names.size(); ++side) {
+      const int took = side * kRight + kTook, hex = side * kRight + kHex;
+      const int em = QFontInfo(table.font()).pixelSize();
+      ASSERT_TRUE(support::WaitFor([&] { return !Cell(2, took).isEmpty(); }));
+      // The first is in bold.
+      for (int row = 0; row < 3; ++row) {
+        const TextPlace time = PlaceInCell(table, row, took);
+        ASSERT_LT(time.right, table.columnWidth(took)) << row;
+        EXPECT_GE(time.right, em / 2 + 2) << row;
+        EXPECT_GE(table.columnWidth(took), fixed.horizontalAdvance("+10.000 s wait") + time.right);
+        EXPECT_GE(time.right + PlaceInCell(table, row, hex).left, em) << row;
+        EXPECT_NEAR(PlaceInHeader(table, took).right, time.right, 2) << row;
+      }
+    }
+  }
 }
 
 TEST_F(FrmViewTest, FollowsAFileThatGrowsAndOneThatIsReplaced) {

@@ -5,6 +5,7 @@
 #include "log/capture_file.h"
 #include "log/line_recorder.h"
 #include "log/log_model.h"
+#include "tests/log/table_text.h"
 #include "tests/support/recording_guard.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/scripted_file_chooser.h"
@@ -15,6 +16,9 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -89,6 +93,25 @@ TEST_F(LogPanelTest, ShowsAnEntryInColumns) {
   EXPECT_EQ(Cell(0, 2), "02 3B 41 22 03 5B");
   EXPECT_EQ(Cell(0, 3), ".;A\".[");
   EXPECT_EQ(Cell(0, 4), "3Bh first track data set: \"A\\\"\"");
+}
+
+TEST_F(LogPanelTest, TheTimeSinceTheRowBeforeKeepsAwayFromTheNextColumn) {
+  Exchange(1);
+  ASSERT_TRUE(HasRows(2));
+  QTableView& table = *Table();
+  const QHeaderView& header = *table.horizontalHeader();
+  const int next = header.logicalIndex(header.visualIndex(LogModel::kSince) + 1);
+  ASSERT_EQ(next, static_cast<int>(LogModel::kDirection));
+  const TextPlace number = PlaceInCell(table, 1, LogModel::kSince);
+  ASSERT_LT(number.right, header.sectionSize(LogModel::kSince));
+  EXPECT_GE(number.right, QFontInfo(table.font()).pixelSize() / 2 + 2);
+  const QFontMetrics fixed(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  EXPECT_GE(header.sectionSize(LogModel::kSince),
+            fixed.horizontalAdvance("+100.000 s") + number.right);
+  EXPECT_GE(number.right + PlaceInCell(table, 1, next).left, QFontInfo(table.font()).pixelSize());
+  // The column's name ends where its numbers do; the letters' own edges differ by a pixel or two.
+  EXPECT_NEAR(PlaceInHeader(table, LogModel::kSince).right, number.right, 2);
+  EXPECT_NEAR(PlaceInHeader(table, next).left, PlaceInCell(table, 1, next).left, 2);
 }
 
 TEST_F(LogPanelTest, CompletesAFrameThatComesInParts) {
