@@ -44,8 +44,12 @@ TEST_F(FrmVantrelTest, TagsTellWhichButtonsStayEnabled) {
 TEST_F(FrmVantrelTest, EveryCaptionIsReadableAtEveryWindowSize) {
   Load();
   for (const QSize size : {QSize(1024, 640), QSize(1120, 720), QSize(1920, 1080)}) {
+    // The least height follows from the width: first the one, then the other.
+    form_->resize(size.width(), form_->height());
+    ASSERT_TRUE(support::WaitFor([&] { return form_->width() == size.width(); }));
     form_->resize(size);
-    ASSERT_TRUE(support::WaitFor([&] { return form_->size() == size; }));
+    ASSERT_TRUE(support::WaitFor([&] { return form_->size() == size; }))
+        << form_->minimumHeight() << " pixels high at " << size.width();
     QCoreApplication::processEvents();
     std::size_t count = 0;
     for (auto* button : form_->findChildren<QPushButton*>(QRegularExpression("^[Cc]md[0-9]"))) {
