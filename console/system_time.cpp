@@ -4,8 +4,7 @@
 
 namespace vantrel::console {
 
-QString LongTimeFormat(const QLocale& locale) {
-  const QString format = locale.timeFormat(QLocale::LongFormat);
+QString WithoutTimeZone(const QString& format) {
   // Quoted words are literal; a "t" in them is no time zone.
   QString without_zone;
   bool quoted = false;
@@ -22,6 +21,10 @@ QString LongTimeFormat(const QLocale& locale) {
   // A comma may have stood before the zone.
   if (without_zone.endsWith(u',')) without_zone.chop(1);
   return without_zone;
+}
+
+QString LongTimeFormat(const QLocale& locale) {
+  return WithoutTimeZone(locale.timeFormat(QLocale::LongFormat));
 }
 
 TimeText ShortDateOf(const QDate& date, const QLocale& locale) {

@@ -10,6 +10,10 @@
 
 namespace vantrel::console {
 
+// The format of a time of day, as QLocale::timeFormat gives it, without the time zone that it
+// begins or ends with and what stood around it; parts of the day are told as before and after noon.
+QString WithoutTimeZone(const QString& format);
+
 // The format in which a language writes a time of day at length, without the time zone that some
 // formats begin or end with.
 QString LongTimeFormat(const QLocale& locale);

@@ -108,6 +108,11 @@ TEST(LongTimeFormat, KeepsQuotedWords) {
   EXPECT_EQ(LongTimeFormat(QLocale("bg_BG")), "H:mm:ss '\u0447'.");
 }
 
+TEST(WithoutTimeZone, LeavesTheLettersOfQuotedWords) {
+  EXPECT_EQ(WithoutTimeZone("'at' HH:mm '(local time)', t"), "'at' HH:mm '(local time)'");
+  EXPECT_EQ(WithoutTimeZone("HH:mm:ss [tttt]"), "HH:mm:ss");
+}
+
 TEST(SystemTimeOf, EveryLanguageGivesSamplesThatTheirTracksTake) {
   const TimeZone zone;
   const CharacterRange letters = CharacterRange::Parse("01h - 7Eh");
