@@ -5,6 +5,7 @@
 #include "app/console_program.h"
 
 #include "console/frm_vantrel.h"
+#include "tests/support/missing_device.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QApplication>
@@ -39,7 +40,7 @@ class ConsoleProgramDeathTest : public testing::Test {
     // Told if the program has a fault.
     dialogs.Answers(dialogs::Answer::kOk);
     ConsoleProgram program("vantrel", count, arguments, dialogs);
-    const int status = program.Run([](int) { return std::string("/dev/does-not-exist"); },
+    const int status = program.Run([](int) { return support::MissingDevice(); },
                                    [act](console::FrmVantrel& form) {
                                      QTimer::singleShot(0, &form, [act, &form] { act(form); });
                                    });

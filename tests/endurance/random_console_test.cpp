@@ -16,6 +16,7 @@
 #include "tests/endurance/random_user.h"
 #include "tests/endurance/test_program.h"
 #include "tests/support/installed_fonts.h"
+#include "tests/support/missing_device.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -291,7 +292,7 @@ void RandomConsole::Use() {
   ++consoles_;
   port_ = std::make_unique<WatchedPort>([this](int number) {
     return number == 1 && !server_.DevicePath().empty() ? server_.DevicePath()
-                                                        : "/dev/does-not-exist-either";
+                                                        : support::MissingDevice();
   });
   form_ = std::make_unique<console::FrmVantrel>(
       *port_, TestProgram::Dialogs(), dynamic_cast<console::GuardedApplication&>(*qApp),

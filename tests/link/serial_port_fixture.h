@@ -2,12 +2,11 @@
 #pragma once
 
 #include "link/serial_port.h"
+#include "tests/support/missing_device.h"
 #include "tests/support/test_terminal.h"
 
 #include <QString>
 #include <gtest/gtest.h>
-
-#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -61,8 +60,7 @@ class SerialPortTest : public testing::Test {
   }
 
   support::TestTerminal terminal;
-  // Named after this process, because the name is locked before it is found missing.
-  const std::string missing = "/dev/vantrel-missing-" + std::to_string(getpid());
+  const std::string missing = support::MissingDevice();
   static constexpr int kWatchInterval = 20;  // milliseconds
   SerialPort port{[this](int number) { return number == 1 ? terminal.Device() : missing; },
                   kWatchInterval};

@@ -299,19 +299,26 @@ TEST_F(FrmViewTest, CopiesAllLinesWhereNoneIsSelected) {
 
 TEST_F(FrmViewTest, SetsNoiseBesideNoiseAndCallsItNoDifference) {
   const std::string noise = "\x41";
-  std::vector<LogEntry> left = Read21(kReply21);
-  left.insert(left.begin() + 2, Row(3ms, Direction::kFromPrinter, noise));
-  std::vector<LogEntry> right = left;
-  right.push_back(Row(3000ms, Direction::kFromPrinter, noise));
-  Write("a.pcapng", left);
-  Write("b.pcapng", right);
-  Show({"a.pcapng", "b.pcapng"});
-  ASSERT_TRUE(HasRows(5));
-  EXPECT_EQ(Cell(2, kHex), "41");
-  EXPECT_EQ(Cell(2, kRight + kHex), "41");
-  EXPECT_EQ(Cell(4, kHex), "");
-  EXPECT_EQ(Cell(4, kRight + kHex), "41");
-  for (int row = 0; row < 5; ++row) EXPECT_EQ(Cell(row, kDifference), "") << row;
+  std::vector<LogEntry> few = Read21(kReply21);
+  few.insert(few.begin() + 2, Row(3ms, Direction::kFromPrinter, noise));
+  std::vector<LogEntry> more = few;
+  more.push_back(Row(2600ms, Direction::kFromPrinter, noise));
+  more.push_back(Row(3000ms, Direction::kFromConsole, k22));
+  Write("few.pcapng", few);
+  Write("more.pcapng", more);
+  for (const bool left_has_more : {false, true}) {
+    Show(left_has_more ? QStringList{"more.pcapng", "few.pcapng"}
+                       : QStringList{"few.pcapng", "more.pcapng"});
+    // The last command alone.
+    ASSERT_TRUE(
+        support::WaitFor([this] { return Text("LblView") == "6 lines \u00B7 1 line differs"; }));
+    EXPECT_EQ(Cell(2, kHex), "41");
+    EXPECT_EQ(Cell(2, kRight + kHex), "41");
+    EXPECT_EQ(Cell(4, kHex), left_has_more ? "41" : "");
+    EXPECT_EQ(Cell(4, kRight + kHex), left_has_more ? "" : "41");
+    for (int row = 0; row < 5; ++row) EXPECT_EQ(Cell(row, kDifference), "") << row;
+    EXPECT_EQ(Cell(5, kDifference), left_has_more ? "\u25C0 only left" : "\u25B6 only right");
+  }
 }
 
 TEST_F(FrmViewTest, FiltersWhileItAlignsAnew) {

@@ -3,6 +3,7 @@
 
 #include "console/frm_vantrel.h"
 #include "link/serial_port.h"
+#include "tests/support/missing_device.h"
 #include "tests/support/pty_peer.h"
 #include "tests/support/scripted_dialogs.h"
 
@@ -66,7 +67,7 @@ class ConsoleTest : public testing::Test {
   PtyPeer peer_;
   ScriptedDialogs dialogs_;
   std::string first_device_ = peer_.Device();
-  std::string second_device_ = "/dev/does-not-exist";
+  std::string second_device_ = MissingDevice();
   CountingPort port_;
   std::unique_ptr<console::FrmVantrel> form_;
   int end_status_ = -1;  // the status with which the console ended the program

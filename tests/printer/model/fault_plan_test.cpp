@@ -82,6 +82,12 @@ TEST_F(FaultPlanTest, KeepsWhatCanDoNothingForTheNextCommand) {
   EXPECT_EQ(On(0x21, 3), "silence truncate -");
 }
 
+TEST_F(FaultPlanTest, KeepsAnNthThatCouldDoNothingForTheCommandAfterIt) {
+  Add("reject after 3");
+  Add("status 38 every 3");
+  EXPECT_EQ(On(0x21, 7), "- - reject status 38 - status 38 -");
+}
+
 TEST_F(FaultPlanTest, LetsAFaultThatStaysNotKeepOthersOut) {
   Add("split 5 until cleared");
   Add("reject on 21 every 2");
