@@ -17,6 +17,7 @@
 #include <csignal>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -64,12 +65,27 @@ std::optional<pid_t> HolderOf(int descriptor) {
   return process > 0 ? std::optional(process) : std::nullopt;
 }
 
+// Whether a process has ended but is still listed, because nobody has asked how it ended; in a
+// container that may be so for ever.
+bool IsZombie(pid_t process) {
+  std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+  std::string text;
+  std::getline(file, text);
+  // "12 (a name) Z 1 ...": the name may hold anything.
+  const std::size_t name_end = text.rfind(')');
+  return name_end != std::string::npos && text.substr(name_end, 3) == ") Z";
+}
+
+bool IsAlive(pid_t process) {
+  return (kill(process, 0) == 0 || errno != ESRCH) && !IsZombie(process);
+}
+
 // Removes the lock file of a dead process; false when it stays.
 bool RemoveDead(const std::string& path) {
   const link::UniqueDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW));
   if (!file.IsOpen()) return errno == ENOENT;
   const auto holder = HolderOf(file.Get());
-  if (!holder || kill(*holder, 0) == 0 || errno != ESRCH) return false;
+  if (!holder || IsAlive(*holder)) return false;
   return unlink(path.c_str()) == 0 || errno == ENOENT;
 }
 

@@ -116,6 +116,18 @@ TEST_F(DeviceLockTest, RemovesTheFileOfADeadProcess) {
   EXPECT_TRUE(fs::is_empty(folder_));
 }
 
+TEST_F(DeviceLockTest, RemovesTheFileOfAProcessThatHasEndedAndIsStillListed) {
+  const pid_t child = fork();
+  if (child == 0) _exit(0);
+  siginfo_t ended{};
+  ASSERT_EQ(waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT), 0);
+  ASSERT_EQ(kill(child, 0), 0);
+  std::ofstream(File()) << "     " << child << "\n";
+  EXPECT_FALSE(IsBusy());
+  EXPECT_TRUE(fs::is_empty(folder_));
+  waitpid(child, nullptr, 0);
+}
+
 // As text it would be process 1, which lives.
 TEST_F(DeviceLockTest, TakesBytesThatBeginLikeTextForANumber) {
   constexpr std::array<char, 4> kNoProcess{'1', '\n', '\0', '\x7F'};
