@@ -2,10 +2,10 @@
 #pragma once
 
 #include "link/unique_descriptor.h"
+#include "tests/send/local_listener.h"
 
 #include <gtest/gtest.h>
 
-#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>
@@ -20,27 +20,19 @@ namespace vantrel::send {
 // waits.
 class FullListener {
  public:
-  FullListener() : listener_(Socket()) {
-    address_.sin_family = AF_INET;
-    address_.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address_;
-    auto* address = reinterpret_cast<sockaddr*>(&address_);
-    EXPECT_EQ(bind(listener_.Get(), address, size), 0);
-    EXPECT_EQ(listen(listener_.Get(), 0), 0);
-    EXPECT_EQ(getsockname(listener_.Get(), address, &size), 0);
+  FullListener() {
+    const auto* address = reinterpret_cast<const sockaddr*>(&listener_.Address());
     // Nobody accepts what waits.
     constexpr int kMost = 16;
     for (int i = 0; i < kMost && !is_full_; ++i) {
       waiting_.push_back(Socket());
-      is_full_ = connect(waiting_.back().Get(), address, size) != 0 && errno == EINPROGRESS &&
-                 !IsConnected(waiting_.back().Get());
+      is_full_ = connect(waiting_.back().Get(), address, sizeof(sockaddr_in)) != 0 &&
+                 errno == EINPROGRESS && !IsConnected(waiting_.back().Get());
     }
     EXPECT_TRUE(is_full_);
   }
 
-  std::string HostAndPort() const {
-    return "127.0.0.1:" + std::to_string(ntohs(address_.sin_port));
-  }
+  std::string HostAndPort() const { return listener_.HostAndPort(); }
 
  private:
   static link::UniqueDescriptor Socket() {
@@ -53,8 +45,7 @@ class FullListener {
     return poll(&one, 1, kLongest) > 0;
   }
 
-  link::UniqueDescriptor listener_;
-  sockaddr_in address_{};
+  const LocalListener listener_{0};
   std::vector<link::UniqueDescriptor> waiting_;
   bool is_full_ = false;
 };

@@ -5,11 +5,11 @@
 #include "send/line_port.h"
 
 #include "link/unique_descriptor.h"
+#include "tests/send/local_listener.h"
 #include "tests/support/test_terminal.h"
 
 #include <gtest/gtest.h>
 
-#include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -56,28 +56,16 @@ struct Ears : link::PortListener {
 // A TCP port on this machine that speaks to the first who connects.
 class Host {
  public:
-  Host() : listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    auto* found = reinterpret_cast<sockaddr*>(&address);
-    EXPECT_EQ(bind(listener_.Get(), found, size), 0);
-    EXPECT_EQ(listen(listener_.Get(), 1), 0);
-    EXPECT_EQ(getsockname(listener_.Get(), found, &size), 0);
-    port_ = ntohs(address.sin_port);
-  }
-
-  std::string HostAndPort() const { return "127.0.0.1:" + std::to_string(port_); }
+  std::string HostAndPort() const { return listener_.HostAndPort(); }
   // To who has connected.
   void SendAndEnd(const std::string& bytes) const {
-    const link::UniqueDescriptor guest(accept4(listener_.Get(), nullptr, nullptr, SOCK_CLOEXEC));
+    const link::UniqueDescriptor guest(
+        accept4(listener_.Descriptor(), nullptr, nullptr, SOCK_CLOEXEC));
     EXPECT_EQ(write(guest.Get(), bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
   }
 
  private:
-  link::UniqueDescriptor listener_;
-  unsigned port_ = 0;
+  const LocalListener listener_{1};
 };
 
 TEST_F(LinePortTest, LosesNoByteThatComesBeforeTheDiscard) {
