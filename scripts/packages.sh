@@ -7,7 +7,7 @@ BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-serialport-dev libfreetyp
 # What a window needs to run and to show text, and the fonts of the printed cards.
 RUN_PACKAGES=(fontconfig fonts-dejavu-core fonts-droid-fallback fonts-terminus-otb fonts-unifont)
 TEST_PACKAGES=(at-spi2-core dbus libgtest-dev libgmock-dev man-db mandoc openbox python3 python3-pytest python3-serial
-               ser2net socat tshark wireshark-common xauth xdotool xvfb zbar-tools zsh)
+               ser2net socat tshark wireshark-common xauth xdotool xvfb zbar-tools zlib1g-dev zsh)
 # For .ci/run: what checks the sources, the packaging files and the programs, what makes the packages and a system to try
 # them in, what remembers what was compiled, and the benchmarks' and fuzz targets' own.
 CHECK_PACKAGES=(appstream binutils ccache clang-format clang-tidy debian-archive-keyring debootstrap desktop-file-utils
